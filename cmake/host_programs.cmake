@@ -1,0 +1,11 @@
+# Small Linux programs made of the portable library: NAME_main.cpp becomes ravelin-NAME.
+foreach(folder ${folders})
+    file(GLOB mains CONFIGURE_DEPENDS ${folder}/*_main.cpp)
+    list(FILTER mains EXCLUDE REGEX "/ravelin_main\\.cpp$")
+    foreach(main ${mains})
+        get_filename_component(name ${main} NAME_WE)
+        string(REPLACE "_main" "" name ${name})
+        add_executable(ravelin-${name} ${main})
+        target_link_libraries(ravelin-${name} PRIVATE ravelin_core)
+    endforeach()
+endforeach()

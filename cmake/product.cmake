@@ -1,0 +1,11 @@
+# What this build is called and where it looks on the network: the one place for all of it.
+# The hosts are reserved example names; a release sets its own with -DRAVELIN_...=....
+set(RAVELIN_VERSION "1.0.1" CACHE STRING "Program version, three numbers")
+set(RAVELIN_TIER "home" CACHE STRING "Tier word of the update manifests that this build accepts")
+set(RAVELIN_TIER_TITLE "Home" CACHE STRING "The tier as the window title shows it")
+set(RAVELIN_WEB_HOST "ravelin.example" CACHE STRING "Host of the documentation pages")
+set(RAVELIN_CHAT_URL "https://chat.ravelin.example/invite" CACHE STRING "Community chat invite link")
+set(RAVELIN_RUNTIME_URL "https://go.microsoft.com/fwlink/p/?LinkId=2124703"
+    CACHE STRING "Where a user gets the browser runtime")
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/product.h.in ${PROJECT_BINARY_DIR}/generated/product.h @ONLY)

@@ -1,0 +1,50 @@
+# Test programs. A folder's files all go into its program; no list to keep.
+function(ravelin_test_program name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    if(arg_SOURCES)
+        add_executable(${name} ${arg_SOURCES})
+        target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+    endif()
+endfunction()
+
+if(RAVELIN_FUZZ)
+    file(GLOB fuzz_sources CONFIGURE_DEPENDS tests/fuzz/*_fuzz.cpp)
+    target_compile_options(ravelin_core PRIVATE -fsanitize=fuzzer-no-link,address,undefined)
+    foreach(source ${fuzz_sources})
+        get_filename_component(name ${source} NAME_WE)
+        ravelin_test_program(${name} SOURCES ${source} LIBRARIES ravelin_core)
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+        target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
+    endforeach()
+    return()
+endif()
+
+set(INSTALL_GTEST OFF)
+add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+
+# Unit tests: the portable half on a simulated desktop with a clock that tests turn by hand.
+file(GLOB unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/unit/*/*.cpp)
+ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources}
+    LIBRARIES ravelin_core GTest::gmock_main)
+
+# Thread tests: the workers as real threads on a platform made of standard primitives.
+file(GLOB thread_sources CONFIGURE_DEPENDS tests/threads/*.cpp)
+ravelin_test_program(ravelin_thread_tests SOURCES ${thread_sources}
+    LIBRARIES ravelin_core GTest::gmock_main)
+
+if(WIN32)
+    file(GLOB windows_test_sources CONFIGURE_DEPENDS tests/windows/*.cpp tests/windows/*/*.cpp)
+    ravelin_test_program(ravelin_windows_tests SOURCES ${windows_test_sources}
+        LIBRARIES ravelin_windows ravelin_core ravelin_windows GTest::gmock)
+    file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
+    if(wine_tools)
+        add_subdirectory(tests/wine)
+    endif()
+else()
+    file(GLOB bench_sources CONFIGURE_DEPENDS tests/bench/*_bench.cpp)
+    find_package(benchmark QUIET)
+    if(benchmark_FOUND AND bench_sources)
+        ravelin_test_program(ravelin_bench SOURCES ${bench_sources}
+            LIBRARIES ravelin_core benchmark::benchmark_main)
+    endif()
+endif()
