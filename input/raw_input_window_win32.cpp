@@ -1,0 +1,69 @@
+#include "input/raw_input_window_win32.h"
+
+#include "input/capture.h"
+#include "input/engine_state.h"
+#include "input/tool_settings.h"
+
+namespace ravelin {
+
+namespace {
+
+// Mouse generic desktop device, as the HID usage tables number it.
+constexpr USHORT genericDesktopPage = 1;
+constexpr USHORT mouseUsage = 2;
+
+// Motion arrives up to thousands of times a second; it is read only when somebody wants it.
+bool wantsRawMotion() {
+    return engine.recording && toolSettings.tmv && toolSettings.trel;
+}
+
+void onRawInput(HRAWINPUT handle) {
+    if (!wantsRawMotion()) return;
+    RAWINPUT input{};
+    UINT size = sizeof input;
+    const UINT read = GetRawInputData(handle, RID_INPUT, &input, &size, sizeof(RAWINPUTHEADER));
+    if (read == static_cast<UINT>(-1) || input.header.dwType != RIM_TYPEMOUSE) return;
+    if ((input.data.mouse.usFlags & MOUSE_MOVE_ABSOLUTE) != 0) return;
+    onRawMotion(input.data.mouse.lLastX, input.data.mouse.lLastY);
+}
+
+void onSessionChange(WPARAM reason) {
+    if (reason == WTS_CONSOLE_DISCONNECT || reason == WTS_REMOTE_DISCONNECT ||
+        reason == WTS_SESSION_LOCK) {
+        onSessionLeft();
+    }
+}
+
+LRESULT CALLBACK rawInputWindowProc(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept {
+    try {
+        if (message == WM_INPUT) onRawInput(reinterpret_cast<HRAWINPUT>(lParam));
+        if (message == WM_WTSSESSION_CHANGE) onSessionChange(wParam);
+    } catch (...) {
+        // An event that cannot be recorded is lost; the thread lives on.
+    }
+    // Raw input too: the default procedure frees it.
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+RawInputWindow::RawInputWindow() {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = rawInputWindowProc;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = rawInputWindowClass;
+    class_.reset(RegisterClassExW(&description));
+    window_.reset(CreateWindowExW(0, rawInputWindowClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                  description.hInstance, nullptr));
+    if (!window_) return;
+
+    const RAWINPUTDEVICE mouse{genericDesktopPage, mouseUsage, RIDEV_INPUTSINK, window_.get()};
+    RegisterRawInputDevices(&mouse, 1, sizeof mouse);
+    if (WTSRegisterSessionNotification(window_.get(), NOTIFY_FOR_THIS_SESSION) != 0) {
+        notification_.reset(window_.get());
+    }
+}
+
+}  // namespace ravelin
