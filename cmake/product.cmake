@@ -9,3 +9,8 @@ set(RAVELIN_RUNTIME_URL "https://go.microsoft.com/fwlink/p/?LinkId=2124703"
     CACHE STRING "Where a user gets the browser runtime")
 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/product.h.in ${PROJECT_BINARY_DIR}/generated/product.h @ONLY)
+
+# The resource compiler wants four numbers with commas.
+string(REPLACE "." "," RAVELIN_VERSION_NUMBERS "${RAVELIN_VERSION}.0")
+configure_file(${CMAKE_CURRENT_LIST_DIR}/product_version.h.in
+    ${PROJECT_BINARY_DIR}/generated/product_version.h @ONLY)

@@ -35,7 +35,7 @@ ravelin_test_program(ravelin_thread_tests SOURCES ${thread_sources}
 if(WIN32)
     file(GLOB windows_test_sources CONFIGURE_DEPENDS tests/windows/*.cpp tests/windows/*/*.cpp)
     ravelin_test_program(ravelin_windows_tests SOURCES ${windows_test_sources}
-        LIBRARIES ravelin_windows ravelin_core ravelin_windows GTest::gmock)
+        LIBRARIES ravelin_windows ravelin_core ravelin_windows ravelin_resources GTest::gmock)
     file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
     if(wine_tools)
         add_subdirectory(tests/wine)

@@ -1,9 +1,10 @@
 # Every target of ours compiles with these; a warning is an error.
 add_library(ravelin_options INTERFACE)
 target_compile_features(ravelin_options INTERFACE cxx_std_20)
-target_compile_options(ravelin_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+# Not for the resource compiler, which knows none of them.
+set(warnings -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2 -Wimplicit-fallthrough -Werror)
+target_compile_options(ravelin_options INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:${warnings}>")
 target_include_directories(ravelin_options INTERFACE
     ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
 if(WIN32)
