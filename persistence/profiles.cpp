@@ -1,54 +1,122 @@
 #include "persistence/profiles.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "input/tool_settings.h"
+#include "input/engine_state.h"
+#include "support/number_text.h"
+#include "support/text.h"
 
 namespace ravelin {
+namespace {
+
+// Makes a stored settings line live; an empty one stands for the defaults.
+void makeLive(const std::string& settingsLine) {
+    if (settingsLine.empty()) {
+        resetToolSettings();
+    } else {
+        applyToolSettings(settingsLine);
+    }
+}
+
+}  // namespace
 
 Profile* lockedCurrentProfile() {
     const auto index = static_cast<std::size_t>(currentProfile);
     return currentProfile >= 0 && index < profiles.size() ? &profiles[index] : nullptr;
 }
 
-std::string captureToolSettings() {
-    const ToolSettings& s = toolSettings;
-    std::string line;
-    for (const auto* field :
-         {&s.sh, &s.sm, &s.ss, &s.sms, &s.sbtn, &s.stype, &s.rptMode, &s.rptTimes, &s.locMode,
-          &s.fixedX, &s.fixedY, &s.ksh, &s.ksm, &s.kss, &s.ksms, &s.ksRptMode, &s.ksRptTimes})
-        line += std::to_string(field->load()) + ',';
-    line += std::to_string(keySpamTargets.first.load()) + ',';
-    const auto count = std::clamp(keySpamTargets.count.load(), 0, KeySpamTargets::cap);
-    for (std::int32_t i = 0; i < count; ++i) {
-        if (i > 0) line += '|';
-        line += std::to_string(keySpamTargets.keys[static_cast<std::size_t>(i)].load());
-    }
-    line += keySpamTargets.chord.load() ? ",1" : ",0";
-    return line;
-}
-
-void resetToolSettings() {
-    ToolSettings& s = toolSettings;
-    for (auto* field : {&s.sh, &s.sm, &s.ss, &s.sbtn, &s.stype, &s.locMode, &s.fixedX, &s.fixedY,
-                        &s.ksh, &s.ksm, &s.kss})
-        field->exchange(0);
-    for (auto* field : {&s.sms, &s.ksms})
-        field->exchange(5);
-    for (auto* field : {&s.rptMode, &s.ksRptMode})
-        field->exchange(1);
-    for (auto* field : {&s.rptTimes, &s.ksRptTimes})
-        field->exchange(10);
-    keySpamTargets.keys[0].exchange(32);
-    keySpamTargets.count.exchange(1);
-    keySpamTargets.first.exchange(32);
-    keySpamTargets.chord.exchange(false);
-}
-
 void syncCurrentProfile() {
     auto line = captureToolSettings();
     const std::lock_guard lock(profileMutex);
     if (Profile* profile = lockedCurrentProfile()) profile->settingsLine = std::move(line);
+}
+
+void addDefaultProfile() {
+    const std::lock_guard lock(profileMutex);
+    profiles.push_back(Profile{defaultProfileName, {}, {}});
+    currentProfile = static_cast<std::int32_t>(profiles.size()) - 1;
+}
+
+void ensureDefaultProfile() {
+    const std::lock_guard lock(profileMutex);
+    const auto isDefault = [](const Profile& profile) {
+        return profile.name == defaultProfileName;
+    };
+    if (std::any_of(profiles.begin(), profiles.end(), isDefault)) return;
+    currentProfile = profiles.empty() ? 0 : currentProfile + 1;
+    profiles.insert(profiles.begin(), Profile{defaultProfileName, {}, {}});
+}
+
+std::string getProfiles() {
+    const std::lock_guard lock(profileMutex);
+    std::string json = "{\"current\":" + std::to_string(currentProfile) + ",\"names\":[";
+    for (const auto& profile : profiles) {
+        if (&profile != profiles.data()) json += ',';
+        json += jsonQuote(profile.name);
+    }
+    json += "],\"cap\":" + std::to_string(profileCap);
+    json += ",\"defaultName\":" + jsonQuote(defaultProfileName) + '}';
+    return json;
+}
+
+void addProfile(std::string_view args) {
+    auto name = flattenArgs(args);
+    if (name.empty() || engine.playing.load()) return;
+    auto line = captureToolSettings();
+    const std::lock_guard lock(profileMutex);
+    if (profiles.size() >= profileCap) return;
+    profiles.push_back(Profile{std::move(name), std::move(line), {}});
+    currentProfile = static_cast<std::int32_t>(profiles.size()) - 1;
+}
+
+void switchProfile(std::string_view args) {
+    if (engine.playing.load()) return;
+    const auto index = toInt(flattenArgs(args));
+    if (!index || index.value < 0) return;
+    std::string line;
+    {
+        const std::lock_guard lock(profileMutex);
+        if (static_cast<std::size_t>(index.value) >= profiles.size()) return;
+        currentProfile = index.value;
+        line = profiles[static_cast<std::size_t>(index.value)].settingsLine;
+    }
+    makeLive(line);
+}
+
+void deleteProfile() {
+    if (engine.playing.load()) return;
+    EventList discarded;  // its memory is given back after the lock
+    std::string line;
+    {
+        const std::lock_guard lock(profileMutex);
+        Profile* const profile = lockedCurrentProfile();
+        if (profile == nullptr) return;
+        if (profile->name == defaultProfileName) {
+            resetToolSettings();
+            profile->settingsLine = captureToolSettings();
+            discarded = std::exchange(profile->events, {});
+            return;
+        }
+        if (profiles.size() < 2) return;
+        discarded = std::move(profile->events);
+        profiles.erase(profiles.begin() + currentProfile);
+        currentProfile = std::min(currentProfile, static_cast<std::int32_t>(profiles.size()) - 1);
+        line = profiles[static_cast<std::size_t>(currentProfile)].settingsLine;
+    }
+    makeLive(line);
+}
+
+void clearProfile() {
+    if (engine.recording.load()) return;
+    resetToolSettings();
+    auto line = captureToolSettings();
+    EventList discarded;
+    const std::lock_guard lock(profileMutex);
+    if (Profile* profile = lockedCurrentProfile()) {
+        profile->settingsLine = std::move(line);
+        discarded = std::exchange(profile->events, {});
+    }
 }
 
 }  // namespace ravelin

@@ -1,6 +1,7 @@
 #include "support/number_text.h"
 
 #include <cerrno>
+#include <charconv>
 #include <cstdlib>
 #include <limits>
 #include <stdexcept>
@@ -106,6 +107,15 @@ Converted<std::int32_t> toStrictInt(std::string_view text) {
     if (m.length != text.size() || startsBlank)
         return failed<std::int32_t>(ConversionError::invalid);
     return signed32(m);
+}
+
+char* writeReal(char* out, double value) {
+    return std::to_chars(out, out + realTextSize, value, std::chars_format::general, 6).ptr;
+}
+
+std::string realText(double value) {
+    char text[realTextSize];
+    return {text, writeReal(text, value)};
 }
 
 }  // namespace ravelin

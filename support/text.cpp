@@ -14,13 +14,27 @@ std::string flattenArgs(std::string_view args) {
 
 std::vector<std::string> splitList(std::string_view text, char delimiter) {
     std::vector<std::string> pieces;
-    while (!text.empty()) {
-        const auto end = text.find(delimiter);
-        pieces.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos) break;
-        text.remove_prefix(end + 1);
-    }
+    while (const auto piece = nextPiece(text, delimiter))
+        pieces.emplace_back(*piece);
     return pieces;
+}
+
+std::optional<std::string_view> nextPiece(std::string_view& text, char delimiter) {
+    if (text.empty()) return std::nullopt;
+    const auto piece = text.substr(0, text.find(delimiter));
+    text.remove_prefix(std::min(text.size(), piece.size() + 1));
+    return piece;
+}
+
+std::span<std::string_view> splitInto(std::span<std::string_view> pieces, std::string_view text,
+                                      char delimiter) {
+    std::size_t count = 0;
+    while (count < pieces.size()) {
+        const auto piece = nextPiece(text, delimiter);
+        if (!piece) break;
+        pieces[count++] = *piece;
+    }
+    return pieces.first(count);
 }
 
 std::string jsonQuote(std::string_view text) {

@@ -1,0 +1,45 @@
+#include "persistence/macro_file.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "persistence/event_line.h"
+#include "persistence/macro_settings.h"
+#include "persistence/session_settings.h"
+#include "support/text_file.h"
+
+namespace ravelin {
+
+std::string readMacro(LineReader& lines, Profile& out) {
+    std::string_view line;
+    if (!lines.next(line) || line.empty()) return "That macro file is missing its profile name.";
+    Profile profile{std::string(line), captureToolSettings(), {}};
+    bool more = lines.next(line);
+    if (more && line.starts_with(settingsPrefix)) {
+        profile.settingsLine = macroSettingsToProfileLine(line.substr(settingsPrefix.size()));
+        more = lines.next(line);
+    }
+    UnifiedEvent event;
+    for (; more; more = lines.next(line))
+        if (parseEventLine(line, event)) profile.events.append(event);
+    out = std::move(profile);
+    return {};
+}
+
+std::string readMacroFile(const std::string& path, Profile& out) {
+    auto lines = openLines(path);
+    return lines ? readMacro(*lines, out) : "Couldn't open that macro file.";
+}
+
+std::string writeMacroFile(const std::string& path, const Profile& profile) {
+    if (profile.name.empty() || profile.name.find('\n') != std::string::npos)
+        return "That profile's name can't be written to a macro file.";
+    std::string text = profile.name + '\n';
+    text += settingsPrefix;
+    text += profileToSessionLine(profile.settingsLine) + '\n';
+    for (const auto& event : profile.events)
+        appendEventLine(text, event);
+    return writeTextFile(path, text) ? "" : "Couldn't write that macro file.";
+}
+
+}  // namespace ravelin

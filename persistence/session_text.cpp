@@ -1,0 +1,73 @@
+#include "persistence/session_text.h"
+
+#include <string_view>
+
+#include "persistence/event_line.h"
+#include "persistence/session_settings.h"
+#include "support/number_text.h"
+
+namespace ravelin {
+namespace {
+
+constexpr std::string_view currentPrefix = "CURRENT:";
+constexpr std::string_view profilePrefix = "PROFILE:";
+constexpr std::string_view profileSettingsPrefix = "PROFILESETTINGS:";
+
+void addLine(std::string& text, std::string_view prefix, std::string_view rest) {
+    text += prefix;
+    text += rest;
+    text += '\n';
+}
+
+// Takes the prefix off the line, if the line begins with it.
+bool takePrefix(std::string_view& line, std::string_view prefix) {
+    if (!line.starts_with(prefix)) return false;
+    line.remove_prefix(prefix.size());
+    return true;
+}
+
+void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
+    std::string_view line;
+    UnifiedEvent event;
+    while (lines.next(line)) {
+        if (takePrefix(line, profilePrefix)) {
+            if (profiles.size() == mostProfilesRead) return;
+            profiles.push_back(Profile{std::string(line), {}, {}});
+        } else if (profiles.empty()) {
+            continue;
+        } else if (takePrefix(line, profileSettingsPrefix)) {
+            profiles.back().settingsLine = line;
+        } else if (parseEventLine(line, event)) {
+            profiles.back().events.append(event);
+        }
+    }
+}
+
+}  // namespace
+
+std::string sessionText(const Session& session) {
+    std::string text;
+    addLine(text, settingsPrefix, session.settingsLine);
+    addLine(text, currentPrefix, std::to_string(session.current));
+    for (const auto& profile : session.profiles) {
+        addLine(text, profilePrefix, profile.name);
+        if (!profile.settingsLine.empty())
+            addLine(text, profileSettingsPrefix, profile.settingsLine);
+        for (const auto& event : profile.events)
+            appendEventLine(text, event);
+    }
+    return text;
+}
+
+std::optional<Session> readSession(LineReader& lines) {
+    std::string_view line;
+    if (!lines.next(line) || !takePrefix(line, settingsPrefix)) return std::nullopt;
+    Session session;
+    session.settingsLine = line;
+    if (lines.next(line) && takePrefix(line, currentPrefix))
+        session.current = toInt(line).value;  // 0 when it is no number
+    readProfiles(lines, session.profiles);
+    return session;
+}
+
+}  // namespace ravelin

@@ -1,0 +1,48 @@
+#include "support/file_system.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace ravelin {
+namespace {
+
+// A length of zero is a failure and one of the whole buffer does not fit.
+std::string textOf(const std::array<char, pathBufferSize>& buffer, DWORD length) {
+    return length < buffer.size() ? std::string(buffer.data(), length) : std::string();
+}
+
+}  // namespace
+
+std::string environmentText(const char* name) {
+    std::array<char, pathBufferSize> buffer{};
+    const DWORD length =
+        GetEnvironmentVariableA(name, buffer.data(), static_cast<DWORD>(buffer.size()));
+    return textOf(buffer, length);
+}
+
+bool fileExists(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+void createFolder(const std::string& path) {
+    CreateDirectoryA(path.c_str(), nullptr);
+}
+
+bool moveFile(const std::string& from, const std::string& to) {
+    return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED) != 0;
+}
+
+bool deleteFile(const std::string& path) {
+    return DeleteFileA(path.c_str()) != 0;
+}
+
+std::string executablePath() {
+    std::array<char, pathBufferSize> buffer{};
+    const DWORD length =
+        GetModuleFileNameA(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+    return textOf(buffer, length);
+}
+
+}  // namespace ravelin

@@ -1,0 +1,20 @@
+// Plain text files: 8-bit text with CR LF line ends on disk, on every system.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace ravelin {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+// Rewrites the file in place with the text, every line feed as CR LF. False when it cannot be
+// opened (nothing has changed then) or not be written in full.
+bool writeTextFile(const std::string& path, std::string_view text);
+
+}  // namespace ravelin
