@@ -1,0 +1,82 @@
+import { afterAll, afterEach, beforeAll, beforeEach, expect, test } from "vitest";
+import { launch, View } from "./harness";
+import type { Browser } from "playwright-core";
+
+let browser: Browser;
+let view: View;
+beforeAll(async () => void (browser = await launch()));
+afterAll(() => browser.close());
+beforeEach(async () => {
+  view = await View.open(browser);
+  await view.page.getByText("Hotkeys ready").waitFor();
+});
+afterEach(async () => {
+  expect(view.errors).toEqual([]);
+  await view.close();
+});
+
+const changeAuto = () =>
+  view.page.getByRole("button", { name: "Change the key for Auto clicker" }).first();
+
+test("changing a key shows what to press, and the new key once it is captured", async () => {
+  await changeAuto().click();
+  const hint = view.page.getByText("Press a key or mouse button… Esc cancels").first();
+  await hint.waitFor();
+  await view.shot("capturing", true);
+  expect(await view.calls("reassignKey")).toEqual([["auto"]]);
+  await view.report({ status: { reassigning: "", hkAuto: "Middle Mouse" } });
+  await hint.waitFor({ state: "detached" });
+  await view.page.getByText("Middle Mouse starts").waitFor();
+});
+
+test("Enter asks for the capture only when it is released", async () => {
+  await changeAuto().focus();
+  await view.page.keyboard.down("Enter");
+  await view.page.waitForTimeout(100);
+  expect(await view.calls("reassignKey")).toHaveLength(0);
+  await view.page.keyboard.up("Enter");
+  await expect.poll(() => view.calls("reassignKey")).toEqual([["auto"]]);
+  await view.page.getByText("Press a key or mouse button… Esc cancels").first().waitFor();
+  await view.report({ status: { reassigning: "" } });
+  await expect.poll(() => changeAuto().evaluate((b) => b === document.activeElement)).toBe(true);
+});
+
+test("locked hotkeys are told with the key that unlocks them, and the page can unlock", async () => {
+  await view.report({ status: { unlocked: false } });
+  await view.page.getByText("Hotkeys are locked:").waitFor();
+  await view.page.getByText("key locked").first().waitFor();
+  await view.shot("locked");
+  await view.page.getByRole("button", { name: "Unlock" }).click();
+  await view.page.getByText("Hotkeys ready").waitFor();
+  expect(await view.calls("setAppSetting")).toEqual([["hotkeyLock", "1"]]);
+});
+
+test("a screen reader hears what starts, stops and locks", async () => {
+  const live = view.page.locator("[aria-live=polite]");
+  await view.report({ status: { autoClicking: true } });
+  await expect.poll(() => live.textContent()).toBe("Auto clicker started");
+  await view.report({ status: { autoClicking: false, unlocked: false } });
+  await expect.poll(() => live.textContent()).toContain("Hotkeys locked, F10 unlocks");
+});
+
+test("two tools on one key are told apart from a working setup", async () => {
+  await view.report({ status: { hkAuto: "F8" } });
+  await view.page.getByText("Same key as “Record macro”, which takes it").first().waitFor();
+  await view.page.getByText("Once it runs, only the stop button here stops it.").first().waitFor();
+});
+
+test("a hotkey on the left button is put back with Enter alone", async () => {
+  await view.report({ status: { hkAuto: "Left Mouse" } });
+  await view.page.getByText("is on the left mouse button").waitFor();
+  await view.page.keyboard.press("Enter");
+  await expect.poll(() => view.calls("resetHotkeys")).toHaveLength(1);
+  await view.page.getByText("is on the left mouse button").waitFor({ state: "detached" });
+});
+
+test("the status is asked for one call at a time", async () => {
+  await view.page.waitForTimeout(1500);
+  const program = await view.program();
+  const asked = program.calls.filter((call) => call.name === "getTrackerStatus").length;
+  expect(program.mostStatusCallsUnderWay).toBe(1);
+  expect(asked).toBeGreaterThan(3);
+});
