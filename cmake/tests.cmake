@@ -7,12 +7,16 @@ function(ravelin_test_program name)
     endif()
 endfunction()
 
+# The simulated desktop in place of the machine, and what else several test programs share.
+file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
+
 if(RAVELIN_FUZZ)
     file(GLOB fuzz_sources CONFIGURE_DEPENDS tests/fuzz/*_fuzz.cpp)
     target_compile_options(ravelin_core PRIVATE -fsanitize=fuzzer-no-link,address,undefined)
     foreach(source ${fuzz_sources})
         get_filename_component(name ${source} NAME_WE)
-        ravelin_test_program(${name} SOURCES ${source} LIBRARIES ravelin_core)
+        ravelin_test_program(${name} SOURCES ${source} ${support_sources}
+            LIBRARIES ravelin_core)
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
         target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
     endforeach()
@@ -25,7 +29,7 @@ add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FR
 # Unit tests: the portable half on a simulated desktop with a clock that tests turn by hand.
 file(GLOB unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/unit/*/*.cpp)
 # On Windows the files underneath are the real ones: what no test simulates comes from that half.
-ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources}
+ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources} ${support_sources}
     LIBRARIES ravelin_core $<TARGET_NAME_IF_EXISTS:ravelin_windows> GTest::gmock_main)
 
 # Thread tests: the workers as real threads on a platform made of standard primitives.
@@ -45,7 +49,7 @@ else()
     file(GLOB bench_sources CONFIGURE_DEPENDS tests/bench/*_bench.cpp)
     find_package(benchmark QUIET)
     if(benchmark_FOUND AND bench_sources)
-        ravelin_test_program(ravelin_bench SOURCES ${bench_sources}
+        ravelin_test_program(ravelin_bench SOURCES ${bench_sources} ${support_sources}
             LIBRARIES ravelin_core benchmark::benchmark_main)
     endif()
 endif()

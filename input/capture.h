@@ -44,4 +44,10 @@ void resetHotkeys();
 // The next click chooses the fixed click position.
 void pickLocation();
 
+// Hands a captured code to the armed slot: a new hotkey, or one more key-spam target; Esc cancels.
+// Then the slot is disarmed. The command thread alone.
+void completeCapture();
+// The armed slot's name as reassignKey takes it; empty when none is armed.
+std::string_view armedSlotName();
+
 }  // namespace ravelin

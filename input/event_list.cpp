@@ -39,6 +39,10 @@ void EventList::clear() {
     size_ = 0;
 }
 
+bool EventList::isSnapshot(const EventList& other) const {
+    return size_ == other.size_ && chunks_ == other.chunks_;
+}
+
 bool operator==(const EventList& a, const EventList& b) {
     if (a.size_ != b.size_) return false;
     for (std::size_t c = 0; c < a.chunks_.size(); ++c) {

@@ -1,12 +1,11 @@
 #include "input/tool_settings.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <span>
-#include <vector>
 
 #include "persistence/profiles.h"
+#include "support/json_object.h"
 #include "support/number_text.h"
 #include "support/text.h"
 
@@ -22,30 +21,6 @@ void storeFields(std::string_view text, std::span<const IntField> fields) {
         (toolSettings.*fields[i]).exchange(toIntOrThrow(pieces[i]));
     syncCurrentProfile();
 }
-
-class ObjectText {
-  public:
-    void add(std::string_view key, std::int32_t value) { raw(key, std::to_string(value)); }
-    void add(std::string_view key, bool value) { raw(key, value ? "true" : "false"); }
-    void add(std::string_view key, float value) {
-        // Six significant digits without trailing zeros, whatever the locale.
-        char digits[32];
-        const auto end =
-            std::to_chars(digits, std::end(digits), value, std::chars_format::general, 6);
-        raw(key, std::string_view(digits, static_cast<std::size_t>(end.ptr - digits)));
-    }
-    std::string finish() { return text_ + '}'; }
-
-  private:
-    void raw(std::string_view key, std::string_view value) {
-        text_ += text_.empty() ? '{' : ',';
-        text_ += '"';
-        text_ += key;
-        text_ += "\":";
-        text_ += value;
-    }
-    std::string text_;
-};
 
 }  // namespace
 
@@ -77,35 +52,35 @@ void updateKeySpam(std::string_view text) {
 
 std::string getSettings() {
     const ToolSettings& s = toolSettings;
-    ObjectText json;
-    json.add("sh", s.sh.load());
-    json.add("sm", s.sm.load());
-    json.add("ss", s.ss.load());
-    json.add("sms", s.sms.load());
-    json.add("sbtn", s.sbtn.load());
-    json.add("stype", s.stype.load());
-    json.add("rptMode", s.rptMode.load());
-    json.add("rptTimes", s.rptTimes.load());
-    json.add("locMode", s.locMode.load());
-    json.add("fixedX", s.fixedX.load());
-    json.add("fixedY", s.fixedY.load());
-    json.add("tmv", s.tmv.load());
-    json.add("tclk", s.tclk.load());
-    json.add("tscr", s.tscr.load());
-    json.add("tkey", s.tkey.load());
-    json.add("trel", s.trel.load());
-    json.add("tspd", s.tspd.load());
-    json.add("tloop", s.tloop.load());
-    json.add("tloopMs", s.tloopMs.load());
-    json.add("ksh", s.ksh.load());
-    json.add("ksm", s.ksm.load());
-    json.add("kss", s.kss.load());
-    json.add("ksms", s.ksms.load());
-    json.add("ksRptMode", s.ksRptMode.load());
-    json.add("ksRptTimes", s.ksRptTimes.load());
-    json.add("holdAuto", s.holdAuto.load());
-    json.add("holdKeySpam", s.holdKeySpam.load());
-    return json.finish();
+    return JsonObject()
+        .number("sh", s.sh.load())
+        .number("sm", s.sm.load())
+        .number("ss", s.ss.load())
+        .number("sms", s.sms.load())
+        .number("sbtn", s.sbtn.load())
+        .number("stype", s.stype.load())
+        .number("rptMode", s.rptMode.load())
+        .number("rptTimes", s.rptTimes.load())
+        .number("locMode", s.locMode.load())
+        .number("fixedX", s.fixedX.load())
+        .number("fixedY", s.fixedY.load())
+        .flag("tmv", s.tmv.load())
+        .flag("tclk", s.tclk.load())
+        .flag("tscr", s.tscr.load())
+        .flag("tkey", s.tkey.load())
+        .flag("trel", s.trel.load())
+        .number("tspd", s.tspd.load())
+        .flag("tloop", s.tloop.load())
+        .number("tloopMs", s.tloopMs.load())
+        .number("ksh", s.ksh.load())
+        .number("ksm", s.ksm.load())
+        .number("kss", s.kss.load())
+        .number("ksms", s.ksms.load())
+        .number("ksRptMode", s.ksRptMode.load())
+        .number("ksRptTimes", s.ksRptTimes.load())
+        .flag("holdAuto", s.holdAuto.load())
+        .flag("holdKeySpam", s.holdKeySpam.load())
+        .finish();
 }
 
 }  // namespace ravelin
