@@ -10,7 +10,7 @@
 namespace ravelin {
 
 struct MainWindowStart {
-    WindowPlacement placement;
+    WindowPlacement placement{};
     bool alwaysOnTop = false;
     bool startMinimized = false;
 };

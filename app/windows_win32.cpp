@@ -75,7 +75,10 @@ void bringToForeground(HWND window) {
     // the moment of the change.
     const bool attached = owner != 0 && owner != self && AttachThreadInput(self, owner, TRUE) != 0;
     takeForeground(window);
-    if (attached) AttachThreadInput(self, owner, FALSE);
+    if (!attached) return;
+    AttachThreadInput(self, owner, FALSE);
+    // Parting may take the foreground from both threads (Wine does so); then it is free to take.
+    if (GetForegroundWindow() != window) SetForegroundWindow(window);
 }
 
 void activateWindow(HWND window) {

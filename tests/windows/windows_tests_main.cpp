@@ -1,0 +1,37 @@
+// The tests of the Windows half. They need a desktop with nothing else on it; run_tests.sh makes
+// one under Wine, where a program on a virtual desktop has no output and no exit code to give, so
+// both go into the folder that the script names.
+#include <gmock/gmock.h>
+#include <windows.h>
+// Needs the types of windows.h.
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "tests/windows/harness/child_program.h"
+
+int main(int argc, char** argv) {
+    int count = 0;
+    const ravelin::LocalArguments arguments(CommandLineToArgvW(GetCommandLineW(), &count));
+    if (count == 3 && std::wstring(arguments.get()[1]) == L"--child-window") {
+        return ravelin::test::runChildProgram(arguments.get()[2]);
+    }
+
+    const char* folder = std::getenv("RAVELIN_TEST_RESULTS");
+    const std::string results = folder != nullptr ? folder : "";
+    if (!results.empty()) {
+        if (std::freopen((results + "\\output.txt").c_str(), "wb", stdout) == nullptr) return 2;
+        std::setvbuf(stdout, nullptr, _IONBF, 0);
+    }
+    testing::InitGoogleMock(&argc, argv);
+    const int exitCode = RUN_ALL_TESTS();
+    if (!results.empty()) {
+        std::FILE* file = std::fopen((results + "\\exit_code.txt").c_str(), "w");
+        if (file == nullptr) return 2;
+        std::fprintf(file, "%d\n", exitCode);
+        std::fclose(file);
+    }
+    return exitCode;
+}
