@@ -7,6 +7,8 @@ set(RAVELIN_WEB_HOST "ravelin.example" CACHE STRING "Host of the documentation p
 set(RAVELIN_CHAT_URL "https://chat.ravelin.example/invite" CACHE STRING "Community chat invite link")
 set(RAVELIN_RUNTIME_URL "https://go.microsoft.com/fwlink/p/?LinkId=2124703"
     CACHE STRING "Where a user gets the browser runtime")
+set(RAVELIN_CPP_RUNTIME_URL "https://aka.ms/vs/17/release/vc_redist.x64.exe"
+    CACHE STRING "Where a user gets the C++ runtime that the view library needs")
 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/product.h.in ${PROJECT_BINARY_DIR}/generated/product.h @ONLY)
 

@@ -1,0 +1,15 @@
+// The table behind child_panels.h. For the Windows half only.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "support/win32_handles.h"
+
+namespace ravelin {
+
+// Guarded by profileMutex.
+using ChildPanelTable = std::map<std::string, ProcessHandle>;
+ChildPanelTable& childPanelTable();
+
+}  // namespace ravelin

@@ -1,0 +1,41 @@
+#include "app/console_modes.h"
+
+#include <string>
+
+#include "persistence/macro_file.h"
+#include "persistence/profiles.h"
+
+namespace ravelin {
+namespace {
+
+int reject(std::FILE* out, const std::string& message) {
+    std::fprintf(out, "REJECT %s\n", message.c_str());
+    return 1;
+}
+
+int validateMacro(const std::string& path, std::FILE* out) {
+    Profile profile;
+    if (const auto error = readMacroFile(path, profile); !error.empty()) return reject(out, error);
+    std::fprintf(out, "OK %d events\n", static_cast<int>(profile.events.size()));
+    return 0;
+}
+
+}  // namespace
+
+int runConsoleMode(const Switches& switches, std::FILE* out) {
+    switch (consoleMode(switches)) {
+        case ConsoleMode::selfTestUpdate:
+            return reject(out, "This version has no update self-test.");
+        case ConsoleMode::validateTheme:
+            return reject(out, "This version cannot check themes.");
+        case ConsoleMode::validateMacro:
+            return validateMacro(*switches.validateMacro, out);
+        case ConsoleMode::scanMacro:
+            return reject(out, "This version cannot scan macros.");
+        case ConsoleMode::none:
+            break;
+    }
+    return 0;
+}
+
+}  // namespace ravelin

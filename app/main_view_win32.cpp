@@ -1,0 +1,105 @@
+#include <windows.h>
+
+#include <utility>
+
+#include "app/browser_settings.h"
+#include "app/child_panels.h"
+#include "app/main_view.h"
+#include "app/main_window_win32.h"
+#include "app/page_binding.h"
+#include "app/page_file.h"
+#include "app/page_methods.h"
+#include "app/program_folder.h"
+#include "app/script_sink.h"
+#include "app/shell.h"
+#include "app/status_file.h"
+#include "app/update_run.h"
+#include "app/window_titles.h"
+#include "app/windows_win32.h"
+#include "persistence/app_settings.h"
+#include "product.h"
+#include "support/utf.h"
+
+namespace ravelin {
+namespace {
+
+constexpr int defaultWidth = 420;
+constexpr int defaultHeight = 560;
+
+MainWindowServices services(WebView& view) {
+    return {
+        .resizeWindow =
+            [&view](std::int32_t width, std::int32_t height) {
+                resizeWindow(static_cast<HWND>(view.window()), width, height,
+                             [&view](std::int32_t w, std::int32_t h) { view.setSize(w, h); });
+            },
+        .openAddress = openAddress,
+        .collectEndedPanels = collectEndedPanels,
+        .writeStatusFile = writeStatusFile,
+        .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
+    };
+}
+
+void showPage(WebView& view) {
+    const auto folder = programFolder();
+    if (auto page = readPage(folder)) {
+        view.setHtml(assemblePage(std::move(*page), folder));
+    } else {
+        showError("UI Error", "Failed to read:\n" + narrow(pagePath(folder).wstring()));
+    }
+}
+
+void placeAndShow() {
+    const AppSettings& settings = appSettings;
+    const MainWindowStart start{
+        .placement = {settings.windowX, settings.windowY, settings.windowWidth,
+                      settings.windowHeight, settings.windowMaximized, settings.positionSaved},
+        .alwaysOnTop = settings.alwaysOnTop,
+        .startMinimized = settings.startMinimized,
+    };
+    startMainWindow(findWindowByTitle(mainWindowTitle), start, [](const WindowPlacement& p) {
+        appSettings.windowX = p.x;
+        appSettings.windowY = p.y;
+        appSettings.windowWidth = p.width;
+        appSettings.windowHeight = p.height;
+        appSettings.windowMaximized = p.maximized;
+        appSettings.positionSaved = true;
+        saveAppSettings();
+    });
+}
+
+}  // namespace
+
+WebView::Created makeMainView() {
+    auto created = WebView::create();
+    if (!created.view) return created;
+    WebView& view = *created.view;
+    setPageScriptSink([&view](const std::string& script) {
+        view.dispatch([&view, script] { view.eval(script); });
+    });
+    view.setTitle(std::string(mainWindowTitle));
+    setWindowIcons(findWindowByTitle(mainWindowTitle));
+    restrictBrowser(view.browserController());
+    view.setSize(defaultWidth, defaultHeight);
+    bindPageMethods(view, mainPageMethods(services(view)));
+    showPage(view);
+    placeAndShow();
+    return created;
+}
+
+void showMissingEquipment(WebViewFailure failure) {
+    if (failure == WebViewFailure::libraryMissing) {
+        showError("Ravelin",
+                  "Ravelin needs the file libwebview.dll beside Ravelin.exe, and the "
+                  "Microsoft Visual C++ runtime.\n\nCopy the whole program folder again, "
+                  "or get the runtime from:\n" +
+                      std::string(product::cppRuntimeUrl));
+    } else {
+        showError("Ravelin",
+                  "Ravelin shows its window with the Microsoft Edge WebView2 runtime, "
+                  "which is not installed on this computer.\n\nGet it from:\n" +
+                      std::string(product::runtimeUrl));
+    }
+}
+
+}  // namespace ravelin

@@ -1,0 +1,131 @@
+#include <windows.h>
+
+#include <string>
+#include <utility>
+
+#include "app/child_panels.h"
+#include "app/engine_threads.h"
+#include "app/first_instance_win32.h"
+#include "app/log_on.h"
+#include "app/main_view.h"
+#include "app/pipe_server.h"
+#include "app/process_setup.h"
+#include "app/run_modes.h"
+#include "app/script_sink.h"
+#include "app/single_instance.h"
+#include "app/update_run.h"
+#include "app/window_titles.h"
+#include "app/windows_win32.h"
+#include "input/auto_clicker.h"
+#include "input/command_pass.h"
+#include "input/engine_state.h"
+#include "input/input_thread.h"
+#include "input/key_spammer.h"
+#include "input/platform.h"
+#include "input/player.h"
+#include "persistence/app_settings.h"
+#include "persistence/autosave.h"
+#include "persistence/data_folder.h"
+#include "persistence/legacy_files.h"
+#include "persistence/profiles.h"
+#include "persistence/session_file.h"
+
+namespace ravelin {
+namespace {
+
+// What older versions left beside the executable, under other names or in the temporary folder.
+void tidyFiles() {
+    migrateSessionFiles();
+    migrateLegacyFile(dataFile("theme.txt"), "theme.txt");
+    migrateLegacyFile(dataFile("appsettings.txt"), "appsettings.txt");
+    deleteLegacyFile("status.txt");
+    deleteLegacyFile("macroevents.txt");
+    sweepStaleUpdateFolders();
+}
+
+void loadSessionOrDefaults() {
+    installCrashHandler(saveSessionFromCrash);
+    if (!loadSession()) addDefaultProfile();
+    ensureDefaultProfile();
+}
+
+void prepareTiming() {
+    requestTimerResolution();
+    engine.counterFrequency.exchange(platform::counterFrequency());
+}
+
+void loadPreferences() {
+    appSettingEffects.alwaysOnTop = [](bool on) {
+        setAlwaysOnTop(findWindowByTitle(mainWindowTitle), on);
+    };
+    appSettingEffects.launchOnStartup = setLaunchAtLogOn;
+    loadAppSettings();
+    setLaunchAtLogOn(appSettings.launchOnStartup);
+}
+
+// Asked for a second time and released once; the system drops the rest with the process.
+void keepTimingInBackground() {
+    requestTimerResolution();
+    optOutOfTimerThrottling();
+}
+
+void startThreads(ThreadGroup& threads) {
+    threads.start({"auto clicker", runAutoClicker});
+    threads.start({"key spammer", runKeySpammer});
+    threads.start({"input", runInputThread});
+    threads.start({"player", runPlayer});
+    threads.start({"autosave", runAutosave});
+    threads.start({"command", runCommandThread});
+    threads.start({"pipe server", runPipeServer});
+    threads.start({"update check", runUpdateCheck});
+}
+
+void joinThreads(ThreadGroup& threads) {
+    for (const auto* name : {"auto clicker", "key spammer", "input", "player", "command",
+                             "pipe server", "autosave", "update check"})
+        threads.join(name);
+    joinUpdateWorker();
+}
+
+void stopEngine(ThreadGroup& threads) {
+    saveSession();
+    engine.running.exchange(false);
+    postQuitToInputThread();
+    platform::signal(platform::Event::quit);
+    joinThreads(threads);
+    platform::closeEvents();
+    endAllChildPanels();
+    releaseTimerResolution();
+}
+
+}  // namespace
+
+int runNormally(const ComSession& com, const Switches& switches) {
+    const SingleInstance instance;
+    if (instance.alreadyRunning()) {
+        activateWindow(findFirstInstanceWindow());
+        return 0;
+    }
+    setUpdateManifestSource(switches.updateManifest);
+
+    tidyFiles();
+    loadSessionOrDefaults();
+    prepareTiming();
+    loadPreferences();
+    keepTimingInBackground();
+    platform::createEvents();
+    ThreadGroup threads;
+    startThreads(threads);
+    auto [view, failure] = makeMainView();
+    if (view) view->run();
+
+    stopEngine(threads);
+    setPageScriptSink({});
+    view.reset();
+    com.leave();
+    if (failure == WebViewFailure::none) return 0;
+    showMissingEquipment(failure);
+    return 1;
+}
+
+}  // namespace ravelin

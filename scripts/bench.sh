@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# ./dev bench: benchmarks, each beside a plain baseline of the same run. The whole output is kept in
+# build/bench.txt.
+set -euo pipefail
+source scripts/steps.sh
+source scripts/build_steps.sh
+source scripts/wine_env.sh
+
+must 'install' scripts/install.sh
+must 'page' build_page
+must 'host programs' build_preset host
+must 'windows program' build_windows
+[ -n "${DISPLAY:-}" ] || { start_display; trap 'end_prefix; end_display' EXIT; }
+must 'wine prefix' ensure_prefix
+
+{
+    echo
+    echo '== Linux: portable half =='
+    "$BUILD/host/ravelin_bench" --benchmark_counters_tabular=true 2>&1
+    echo
+    echo '== Wine: clicker period beside a bare loop of wait and two SendInput calls =='
+    wine "$BUILD/windows-objects/clicker_bench.exe" | tr -d '\r'
+    echo
+    echo '== Wine: from process start to the first status poll, beside a bare view of one line =='
+    node tests/bench/startup.mjs
+} | tee "$BUILD/bench.txt"

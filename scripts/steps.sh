@@ -1,0 +1,71 @@
+# Shared by the scripts: where things are, and steps that are quiet on success and say on failure
+# which step failed and how to see more. Sourced from the project's root.
+ROOT="$(pwd -P)"
+BUILD="$ROOT/build"
+LOGS="$BUILD/logs"
+JOBS="${JOBS:-$(nproc)}"
+mkdir -p "$LOGS"
+
+passed_steps=()
+failed_steps=()
+
+# run_step NAME COMMAND...: runs the command with its output in build/logs/NAME.log.
+run_step() {
+    local name="$1" log="$LOGS/${1// /-}.log" began=$SECONDS status=0
+    shift
+    printf '%-34s' "$name"
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    if [ "$status" -eq 0 ]; then
+        passed_steps+=("$name")
+        printf 'ok      %4d s%s\n' $((SECONDS - began)) "$(test_counts "$log")"
+    else
+        failed_steps+=("$name")
+        printf 'FAILED  %4d s (exit code %d)\n' $((SECONDS - began)) "$status"
+        tail -n 40 "$log" | sed 's/^/    | /'
+        printf '    the whole log: %s\n' "${log#"$ROOT/"}"
+    fi
+    return "$status"
+}
+
+# What a test program said of itself, for the step's line.
+test_counts() {
+    local count
+    count=$(sed -nE 's/^\[  PASSED  \] ([0-9]+) tests?\.$/\1/p; s/^# pass ([0-9]+)$/\1/p; s/^([0-9]+) passed, 0 failed$/\1/p; s/^ +Tests +([0-9]+) passed.*/\1/p' "$1" |
+        awk '{ n += $1 } END { if (n) print n }')
+    [ -n "$count" ] && printf '   %s tests' "$count"
+    return 0
+}
+
+# A step that everything after it needs: ends the run when it fails.
+must() {
+    run_step "$@" || summary || exit 1
+}
+
+# One summary; non-zero when a step failed.
+summary() {
+    printf '\n'
+    if [ "${#failed_steps[@]}" -gt 0 ]; then
+        printf 'Failed: %s\n' "${failed_steps[*]}"
+        printf 'Logs are in build/logs, pictures of failures in build/screenshots.\n'
+    fi
+    printf '%d passed, %d failed\n' "${#passed_steps[@]}" "${#failed_steps[@]}"
+    [ "${#failed_steps[@]}" -eq 0 ]
+}
+
+# up_to_date STAMP INPUT...: the stamp exists and holds the digest of the inputs as they are now.
+up_to_date() {
+    local stamp="$1"
+    shift
+    [ -f "$stamp" ] && [ "$(cat "$stamp")" = "$(digest "$@")" ]
+}
+
+digest() {
+    cat "$@" | sha256sum | cut -d' ' -f1
+}
+
+remember() {
+    local stamp="$1"
+    shift
+    mkdir -p "$(dirname "$stamp")"
+    digest "$@" >"$stamp"
+}

@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# ./dev test: everything that proves the program, from installing to end-to-end runs; one summary at
+# the end. ./dev test STEP ... runs the steps whose names contain one of the words.
+set -euo pipefail
+source scripts/steps.sh
+source scripts/build_steps.sh
+source scripts/wine_env.sh
+words=("$@")
+
+# step NAME COMMAND...: the step, unless words were given and none fits.
+step() {
+    local word
+    if [ "${#words[@]}" -gt 0 ]; then
+        for word in "${words[@]}"; do
+            [[ "$1" == *"$word"* ]] && { run_step "$@" || true; return; }
+        done
+        return
+    fi
+    run_step "$@" || true
+}
+
+page_unit_tests() { (cd ui && npm test); }
+page_browser_tests() { (cd ui && npm run test:page); }
+unit_tests_asan() { build_preset asan ravelin_unit_tests && "$BUILD/asan/ravelin_unit_tests" --gtest_brief=1; }
+thread_tests_tsan() { build_preset tsan ravelin_thread_tests && "$BUILD/tsan/ravelin_thread_tests" --gtest_brief=1; }
+host_programs() { build_preset host; }
+unit_tests_wine() { wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
+windows_tests() { tests/windows/run_tests.sh; }
+browser_tests() { tests/wine/run_tests.sh; }
+end_to_end_tests() { node --test --test-concurrency=1 tests/e2e/; }
+short_fuzz() { scripts/fuzz.sh 5; }
+
+rm -rf "$BUILD/screenshots/failures"
+must 'install' scripts/install.sh
+# One display and one Wine server for the whole run.
+start_display
+trap 'end_prefix; end_display' EXIT
+step 'page' build_page
+step 'page unit tests' page_unit_tests
+step 'page browser tests' page_browser_tests
+step 'unit tests (asan, ubsan)' unit_tests_asan
+step 'thread tests (tsan)' thread_tests_tsan
+step 'host programs' host_programs
+step 'windows program' build_windows
+step 'wine prefix' ensure_prefix
+step 'unit tests (wine)' unit_tests_wine
+step 'windows tests' windows_tests
+step 'browser tests' browser_tests
+step 'end-to-end tests' end_to_end_tests
+step 'format' scripts/lint.sh --steps check_format
+step 'tidy' scripts/lint.sh --steps check_tidy
+step 'fuzz' short_fuzz
+summary

@@ -1,0 +1,67 @@
+// The real program on the virtual desktop, with its real page.
+import { mkdirSync, readdirSync, readFileSync, rmSync } from 'node:fs';
+import path from 'node:path';
+import { chromium } from 'playwright-core';
+import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, until, within } from './wine.mjs';
+import { windowTool } from './windows.mjs';
+
+export const windowTitle = 'Ravelin (Home Version 1.0.1)';
+
+let count = 0;
+
+export class Ravelin {
+    /** Starts the program and waits until its page asks for the status. */
+    static async open({ args = [], keepData = false, env = {} } = {}) {
+        if (!keepData) clearDataFolder();
+        const ravelin = new Ravelin();
+        ravelin.ports = path.join(scratch, `devtools-${process.pid}-${++count}`);
+        rmSync(ravelin.ports, { recursive: true, force: true });
+        mkdirSync(ravelin.ports, { recursive: true });
+        rmSync(path.join(dataFolder(), 'status.txt'), { force: true });
+        ravelin.run = start('Ravelin.exe', args, { env: { RAVELIN_TEST_DEVTOOLS_DIR: ravelin.ports, ...env } });
+        await until(() => ravelin.status(), 'the first status poll', 60_000);
+        return ravelin;
+    }
+
+    /** The status as the page saw it last, or null before the first poll. */
+    status() {
+        const text = textOf(path.join(dataFolder(), 'status.txt'));
+        try {
+            return JSON.parse(text);
+        } catch {
+            return null; // not there yet, or just being written
+        }
+    }
+
+    async untilStatus(holds, what) {
+        return await until(() => {
+            const status = this.status();
+            return status && holds(status) && status;
+        }, what);
+    }
+
+    /** The page of the main window, through the engine's debugging port. */
+    async page() {
+        if (this.attached) return this.attached;
+        const port = await until(() => readdirSync(this.ports).find((name) => name.endsWith('.port')), 'the debugging port');
+        const number = readFileSync(path.join(this.ports, port), 'utf8').trim().split(/\s+/)[0];
+        this.browser = await chromium.connectOverCDP(`http://127.0.0.1:${number}`);
+        this.attached = this.browser.contexts()[0].pages()[0];
+        this.attached.setDefaultTimeout(20_000);
+        return this.attached;
+    }
+
+    /** Closes the window as a user does and waits for the program's end; gives the exit code. */
+    async close() {
+        if (this.browser) await this.browser.close().catch(() => {});
+        await windowTool('close', windowTitle);
+        return await within(30_000, this.run.exited, 'the program to end');
+    }
+
+    /** Ends the process without asking it. */
+    async kill() {
+        if (this.browser) await this.browser.close().catch(() => {});
+        await runToEnd('taskkill', ['/f', '/im', 'Ravelin.exe']);
+        return await within(30_000, this.run.exited, 'the program to end');
+    }
+}

@@ -1,0 +1,112 @@
+// Windows programs in the project's Wine prefix, all on one virtual desktop.
+import { execFile, execFileSync, spawn } from 'node:child_process';
+import { existsSync, mkdirSync, readFileSync, rmSync, statSync } from 'node:fs';
+import path from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { promisify } from 'node:util';
+
+const run = promisify(execFile);
+
+export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../../..');
+export const build = path.join(root, 'build');
+export const programFolder = path.join(build, 'windows');
+export const toolFolder = path.join(build, 'windows-objects');
+export const prefix = process.env.WINEPREFIX ?? path.join(build, 'wineprefix');
+export const scratch = path.join(build, 'e2e');
+mkdirSync(scratch, { recursive: true });
+
+const desktop = 'ravelin';
+const environment = {
+    ...process.env,
+    WINEPREFIX: prefix,
+    WINEDEBUG: process.env.WINEDEBUG ?? '-all',
+    WINEDLLOVERRIDES: 'mscoree=;mshtml=',
+};
+
+/** The path as a Windows program sees it. */
+export function windowsPath(file) {
+    return 'Z:' + file.replaceAll('/', '\\');
+}
+
+/** The folder of the program's own files for the user of the prefix. */
+export function dataFolder() {
+    return path.join(prefix, 'drive_c/users', process.env.USER ?? 'root', 'AppData/Local/Ravelin');
+}
+
+/** Every program started from here on shares one desktop, so that focus and hooks work across them. */
+export function useVirtualDesktop() {
+    const set = (key, name, value) =>
+        execFileSync('wine', ['reg', 'add', key, '/v', name, '/d', value, '/f'], { env: environment, stdio: 'ignore' });
+    set('HKCU\\Software\\Wine\\Explorer', 'Desktop', desktop);
+    set('HKCU\\Software\\Wine\\Explorer\\Desktops', desktop, '1280x1000');
+}
+
+/**
+ * Starts a Windows program. The result has the process, the promise `exited` of its exit code and
+ * the text it printed so far.
+ */
+export function start(program, args = [], options = {}) {
+    const child = spawn('wine', [program, ...args], {
+        env: { ...environment, ...options.env },
+        cwd: options.cwd ?? programFolder,
+        stdio: ['ignore', 'pipe', 'pipe'],
+    });
+    const started = { process: child, output: '', errors: '' };
+    child.stdout.on('data', (data) => (started.output += data));
+    child.stderr.on('data', (data) => (started.errors += data));
+    started.exited = new Promise((resolve) => child.on('close', (code) => resolve(code)));
+    return started;
+}
+
+/** Runs a Windows program to its end. */
+export async function runToEnd(program, args = [], options = {}) {
+    const started = start(program, args, options);
+    const code = await within(options.timeout ?? 60_000, started.exited, `${program} to end`);
+    return { code, output: started.output };
+}
+
+/** The promise's value, or an error naming what was waited for. */
+export async function within(milliseconds, promise, what) {
+    let timer;
+    const late = new Promise((_, reject) => {
+        timer = setTimeout(() => reject(new Error(`waited ${milliseconds} ms for ${what}`)), milliseconds);
+    });
+    try {
+        return await Promise.race([promise, late]);
+    } finally {
+        clearTimeout(timer);
+    }
+}
+
+/** Asks until the answer is truthy, and gives it. */
+export async function until(ask, what, milliseconds = 20_000) {
+    const deadline = Date.now() + milliseconds;
+    for (;;) {
+        const answer = await ask();
+        if (answer) return answer;
+        if (Date.now() > deadline) throw new Error(`waited ${milliseconds} ms for ${what}`);
+        await new Promise((resolve) => setTimeout(resolve, 20));
+    }
+}
+
+/** Real keyboard and mouse input on the display. */
+export async function xdotool(...args) {
+    const { stdout } = await run('xdotool', args.map(String));
+    return stdout.trim();
+}
+
+export async function screenshot(name) {
+    const file = path.join(build, 'screenshots', `${name}.png`);
+    mkdirSync(path.dirname(file), { recursive: true });
+    await run('import', ['-window', 'root', file]);
+    return file;
+}
+
+export function clearDataFolder() {
+    rmSync(dataFolder(), { recursive: true, force: true });
+}
+
+/** The file's text, or null while there is none. */
+export function textOf(file) {
+    return existsSync(file) && statSync(file).isFile() ? readFileSync(file, 'latin1') : null;
+}

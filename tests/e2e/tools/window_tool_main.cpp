@@ -1,0 +1,118 @@
+// Looks at and acts on top-level windows from outside, for the end-to-end tests.
+//
+//   window_tool.exe list                 one line a visible window: its title
+//   window_tool.exe state TITLE          one line of JSON about the window
+//   window_tool.exe text TITLE           the texts of its child windows, as in a message box
+//   window_tool.exe close|minimize|restore|maximize TITLE
+//   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
+//
+// A title matches from its beginning. Exit code 1 when there is no such window.
+#include <windows.h>
+// Wants windows.h first.
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace {
+
+std::wstring titleOf(HWND window) {
+    wchar_t text[512];
+    const int length = GetWindowTextW(window, text, 512);
+    return std::wstring(text, static_cast<std::size_t>(length));
+}
+
+void print(const std::wstring& text) {
+    char utf8[2048];
+    const int length =
+        WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, utf8, sizeof utf8, nullptr, nullptr);
+    std::printf("%s\n", length > 0 ? utf8 : "");
+}
+
+struct Search {
+    std::wstring_view title;
+    HWND found;
+};
+
+BOOL CALLBACK match(HWND window, LPARAM argument) {
+    auto& search = *reinterpret_cast<Search*>(argument);
+    if (!IsWindowVisible(window) || !std::wstring_view(titleOf(window)).starts_with(search.title))
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+BOOL CALLBACK list(HWND window, LPARAM) {
+    if (IsWindowVisible(window) && GetWindowTextLengthW(window) > 0) print(titleOf(window));
+    return TRUE;
+}
+
+BOOL CALLBACK childText(HWND window, LPARAM) {
+    if (GetWindowTextLengthW(window) > 0) print(titleOf(window));
+    return TRUE;
+}
+
+const char* truth(bool value) {
+    return value ? "true" : "false";
+}
+
+void printState(HWND window) {
+    RECT r;
+    GetWindowRect(window, &r);
+    const auto style = GetWindowLongPtrW(window, GWL_STYLE);
+    const auto extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    std::printf(
+        "{\"left\":%ld,\"top\":%ld,\"width\":%ld,\"height\":%ld,\"minimized\":%s,\"maximized\":%s,"
+        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s,\"bigIcon\":%s,\"smallIcon\":%s}\n",
+        r.left, r.top, r.right - r.left, r.bottom - r.top, truth(IsIconic(window)),
+        truth(IsZoomed(window)), truth(GetForegroundWindow() == window),
+        truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION),
+        truth(SendMessageW(window, WM_GETICON, ICON_BIG, 0) != 0),
+        truth(SendMessageW(window, WM_GETICON, ICON_SMALL, 0) != 0));
+}
+
+int number(const wchar_t* text) {
+    return static_cast<int>(std::wcstol(text, nullptr, 10));
+}
+
+int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) {
+    if (command == L"state") {
+        printState(window);
+    } else if (command == L"text") {
+        EnumChildWindows(window, childText, 0);
+    } else if (command == L"close") {
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    } else if (command == L"minimize") {
+        ShowWindow(window, SW_MINIMIZE);
+    } else if (command == L"restore") {
+        ShowWindow(window, SW_RESTORE);
+    } else if (command == L"maximize") {
+        ShowWindow(window, SW_MAXIMIZE);
+    } else if (command == L"move" && count > 6) {
+        MoveWindow(window, number(arguments[3]), number(arguments[4]), number(arguments[5]),
+                   number(arguments[6]), TRUE);
+        SendMessageW(window, WM_EXITSIZEMOVE, 0, 0);
+    } else {
+        return 2;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main() {
+    int count = 0;
+    wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (count < 2) return 2;
+    const std::wstring_view command = arguments[1];
+    if (command == L"list") {
+        EnumWindows(list, 0);
+        return 0;
+    }
+    if (count < 3) return 2;
+    Search search{arguments[2], nullptr};
+    EnumWindows(match, reinterpret_cast<LPARAM>(&search));
+    return search.found == nullptr ? 1 : act(command, search.found, count, arguments);
+}

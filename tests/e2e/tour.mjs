@@ -1,0 +1,40 @@
+// A guided tour of the real program with real input: what `./dev run` shows without a display.
+import { Ravelin } from './lib/ravelin.mjs';
+import { Witness } from './lib/witness.mjs';
+import { screenshot, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+
+const say = (text) => console.log(text);
+const pause = (milliseconds) => new Promise((resolve) => setTimeout(resolve, milliseconds));
+const intervalMs = 20;
+const seconds = 3;
+
+useVirtualDesktop();
+say('Starting Ravelin.exe on a virtual desktop ...');
+const ravelin = await Ravelin.open();
+const page = await ravelin.page();
+await page.locator('#panel-spammer').waitFor();
+say(`  its page is there; the auto clicker's hotkey is ${ravelin.status().hkAuto}`);
+await page.evaluate((ms) => window.updateSpammer(`0,0,0,${ms},0,0,1,10,0`), intervalMs);
+
+say('Putting another program in front and pressing F6, a real keystroke ...');
+const witness = await Witness.open();
+await witness.focus();
+await xdotool('key', 'F6');
+await ravelin.untilStatus((status) => status.autoClicking, 'the clicker to run');
+await pause(seconds * 1000);
+await screenshot('tour-clicking');
+await xdotool('key', 'F6');
+await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
+
+const clicks = witness.fresh('left-down');
+const span = clicks.at(-1).time - clicks[0].time;
+const period = (span * 1000) / (clicks.length - 1);
+say(`  ${clicks.length} clicks arrived in the other program within ${span.toFixed(2)} s`);
+say(`  one every ${period.toFixed(2)} ms, ${(1000 / period).toFixed(1)} a second;`
+    + ` the interval asks for one every ${intervalMs} ms, ${(1000 / intervalMs).toFixed(1)} a second at the most`);
+say(`  keys that reached the other program: ${witness.fresh('key-down').length} (the hotkey stays hidden)`);
+
+await witness.close();
+const code = await ravelin.close();
+say(`Closed the window; Ravelin.exe ended with exit code ${code}.`);
+say('Screenshots: build/screenshots/tour-*.png');
