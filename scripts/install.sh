@@ -31,7 +31,9 @@ install_npm() {
         [ -f "$folder/package-lock.json" ] || continue
         [ -d "$folder/node_modules" ] && up_to_date "$folder/node_modules/.stamp" "$folder/package-lock.json" && continue
         echo "npm packages of $folder"
-        (cd "$folder" && PLAYWRIGHT_SKIP_BROWSER_DOWNLOAD=1 npm ci --no-audit --no-fund --loglevel=error)
+        # Not `npm ci`: it wants every platform's optional package in the lock file, and registries
+        # differ in which of those they carry. The locked versions count here as well.
+        (cd "$folder" && npm install --no-save --no-audit --no-fund --loglevel=error)
         remember "$folder/node_modules/.stamp" "$folder/package-lock.json"
     done
 }
