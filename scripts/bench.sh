@@ -8,7 +8,7 @@ source scripts/wine_env.sh
 
 must 'install' scripts/install.sh
 must 'page' build_page
-must 'host programs' build_preset host
+must 'host benchmarks' build_preset host ravelin_bench
 must 'windows program' build_windows
 [ -n "${DISPLAY:-}" ] || { start_display; trap 'end_prefix; end_display' EXIT; }
 must 'wine prefix' ensure_prefix

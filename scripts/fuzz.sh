@@ -4,7 +4,9 @@ set -euo pipefail
 source scripts/steps.sh
 source scripts/build_steps.sh
 seconds="${1:-60}"
-run_step 'fuzz targets' build_preset fuzz || { summary; exit 1; }
+targets=()
+for source in tests/fuzz/*_fuzz.cpp; do targets+=("$(basename "$source" .cpp)"); done
+run_step 'fuzz targets' build_preset fuzz "${targets[@]}" || { summary; exit 1; }
 for source in tests/fuzz/*_fuzz.cpp; do
     name=$(basename "$source" .cpp)
     mkdir -p "$BUILD/corpus/$name"
