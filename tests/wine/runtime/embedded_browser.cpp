@@ -1,0 +1,213 @@
+#include "embedded_browser.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "devtools_file.h"
+#include "log.h"
+#include "wide_text.h"
+
+namespace ravelin::browser {
+namespace {
+
+// How long a page that should be on the screen may send no frame before it is asked again.
+constexpr unsigned frameLimit = 500;
+constexpr int frameAttempts = 10;
+
+constexpr double zoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1.0,
+                                1.1,  1.25, 1.5, 1.75, 2.0,  2.5, 3.0, 4.0};
+
+double nextZoom(double now, int direction) {
+    if (direction > 0) {
+        for (double step : zoomSteps) {
+            if (step > now + 0.001) return step;
+        }
+        return now;
+    }
+    double below = now;
+    for (double step : zoomSteps) {
+        if (step < now - 0.001) below = step;
+    }
+    return below;
+}
+
+}  // namespace
+
+EmbeddedBrowser::EmbeddedBrowser(UiQueue& queue, HWND parent) : queue_(queue), parent_(parent) {}
+
+void EmbeddedBrowser::create(HWND parent, Created created) {
+    static HRESULT earlierFailure = S_OK;
+    UiQueue& queue = UiQueue::ofThisThread();
+    if (FAILED(earlierFailure)) {
+        queue.post([created] { created(earlierFailure, nullptr); });
+        return;
+    }
+    std::thread([&queue, parent, created] {
+        std::shared_ptr<BrowserProcess> process;
+        std::shared_ptr<DevToolsConnection> connection;
+        HRESULT result = BrowserProcess::start(process);
+        if (SUCCEEDED(result)) {
+            connection = DevToolsConnection::open(queue, process->port(), process->endpoint());
+            if (!connection) result = HRESULT_FROM_WIN32(ERROR_CONNECTION_REFUSED);
+        }
+        queue.post([&queue, parent, created, result, process, connection] {
+            if (FAILED(result)) {
+                earlierFailure = result;
+                created(result, nullptr);
+            } else if (IsWindow(parent) == 0) {
+                created(E_ABORT, nullptr);
+            } else {
+                std::make_shared<EmbeddedBrowser>(queue, parent)
+                    ->adopt(process, connection, created);
+            }
+        });
+    }).detach();
+}
+
+void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
+                            std::shared_ptr<DevToolsConnection> connection, Created created) {
+    process_ = std::move(process);
+    connection_ = std::move(connection);
+    page_ = std::make_shared<Page>(connection_);
+    screen_ =
+        std::make_unique<ScreenWindow>(parent_, [this](UINT message, WPARAM wide, LPARAM lng) {
+            return handleMessage(message, wide, lng);
+        });
+    mouse_ = std::make_unique<MouseForwarding>(screen_->handle(), *page_, zoom_);
+    keys_ = std::make_unique<KeyForwarding>(*page_);
+    mouse_->onZoomWheel = [this](int steps) {
+        if (!settings_.isZoomControlEnabled) return false;
+        setZoom(nextZoom(zoom_.factor, steps));
+        return true;
+    };
+    keys_->onAccelerator = [this](int key, int modifiers) {
+        return takeAccelerator(key, modifiers);
+    };
+    page_->onDialog = [this](const std::string& kind, const std::string& text) {
+        showDialog(kind, text);
+    };
+    const std::weak_ptr<EmbeddedBrowser> weak = weak_from_this();
+    connection_->listen(
+        [weak](const std::string& method, const Json& parameters) {
+            if (const auto self = weak.lock()) self->page_->handleEvent(method, parameters);
+        },
+        [weak, &queue = queue_](const Json& parameters) {
+            auto frame = std::make_shared<Frame>(decodeFrame(parameters.value("data", "")));
+            queue.post([weak, frame, number = parameters.value("sessionId", 0)] {
+                if (const auto self = weak.lock()) self->takeFrame(std::move(*frame), number);
+            });
+        },
+        [] { logLine("the browser has gone"); });
+    page_->attach([self = shared_from_this(), created](const std::string& target) {
+        if (target.empty()) {
+            created(E_FAIL, nullptr);
+            return;
+        }
+        publishDevTools(*self->process_, target);
+        self->startScreencast(frameAttempts);
+        created(S_OK, self);
+    });
+}
+
+void EmbeddedBrowser::startScreencast(int attempts) {
+    // A screencast that begins before the first document is there may never send a frame.
+    page_->execute("0", [weak = weak_from_this(), attempts](const std::string&) {
+        const auto self = weak.lock();
+        if (!self || !self->screen_ || self->framesCame_ || attempts == 0) return;
+        self->page_->input("Page.stopScreencast", Json::object());
+        self->page_->input("Page.startScreencast", {{"format", "png"}});
+        self->queue_.postAfter(frameLimit, [weak, attempts] {
+            if (const auto later = weak.lock()) later->startScreencast(attempts - 1);
+        });
+    });
+}
+
+void EmbeddedBrowser::takeFrame(Frame frame, int number) {
+    if (!screen_) return;
+    framesCame_ = true;
+    if (!frame.pixels.empty()) screen_->present(std::move(frame));
+    // Only now may the next frame come, so a slow screen slows the page and not the queue.
+    page_->input("Page.screencastFrameAck", {{"sessionId", number}});
+}
+
+void EmbeddedBrowser::place(const RECT& bounds) {
+    bounds_ = bounds;
+    if (!screen_) return;
+    screen_->place(bounds);
+    applySize();
+}
+
+void EmbeddedBrowser::applySize() {
+    const int width = std::max<int>(1, bounds_.right - bounds_.left);
+    const int height = std::max<int>(1, bounds_.bottom - bounds_.top);
+    page_->resize(width, height, zoom_.factor);
+}
+
+void EmbeddedBrowser::show(bool visible) {
+    if (screen_) screen_->show(visible);
+}
+
+void EmbeddedBrowser::setZoom(double factor) {
+    zoom_.factor = std::clamp(factor, zoomSteps[0], 5.0);
+    if (screen_) applySize();
+}
+
+void EmbeddedBrowser::takeFocus() const {
+    if (screen_) SetFocus(screen_->handle());
+}
+
+void EmbeddedBrowser::moveTo(HWND parent) {
+    parent_ = parent;
+    if (screen_) SetParent(screen_->handle(), parent);
+}
+
+void EmbeddedBrowser::close() {
+    if (connection_) connection_->close();
+    process_.reset();
+    screen_.reset();
+}
+
+bool EmbeddedBrowser::takeAccelerator(int virtualKey, int modifiers) {
+    constexpr int control = 2;
+    if (!settings_.areBrowserAcceleratorKeysEnabled) return false;
+    if (virtualKey == VK_F5 || (modifiers == control && virtualKey == 'R')) {
+        page_->reload();
+        return true;
+    }
+    if ((modifiers & control) == 0 || !settings_.isZoomControlEnabled) return false;
+    if (virtualKey == '0' || virtualKey == VK_NUMPAD0) {
+        setZoom(1.0);
+        return true;
+    }
+    const bool larger = virtualKey == VK_OEM_PLUS || virtualKey == VK_ADD;
+    const bool smaller = virtualKey == VK_OEM_MINUS || virtualKey == VK_SUBTRACT;
+    if (larger || smaller) setZoom(nextZoom(zoom_.factor, larger ? 1 : -1));
+    return larger || smaller;
+}
+
+void EmbeddedBrowser::showDialog(const std::string& kind, const std::string& text) {
+    const std::shared_ptr<EmbeddedBrowser> self = shared_from_this();
+    if (kind == "beforeunload" || !settings_.areDefaultScriptDialogsEnabled) {
+        page_->answerDialog(true);
+        return;
+    }
+    const UINT buttons = kind == "alert" ? MB_OK : MB_OKCANCEL;
+    const int pressed = MessageBoxW(GetAncestor(parent_, GA_ROOT), toWide(text).c_str(),
+                                    L"This page says", buttons);
+    page_->answerDialog(pressed == IDOK);
+}
+
+std::optional<LRESULT> EmbeddedBrowser::handleMessage(UINT message, WPARAM wide, LPARAM lng) {
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+        page_->setFocus(message == WM_SETFOCUS);
+        return 0;
+    }
+    if (message == WM_SETCURSOR && LOWORD(lng) == HTCLIENT) {
+        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        return TRUE;
+    }
+    if (const auto answer = mouse_->handle(message, wide, lng)) return answer;
+    return keys_->handle(message, wide, lng);
+}
+
+}  // namespace ravelin::browser

@@ -1,0 +1,181 @@
+#include "page.h"
+
+#include "log.h"
+#include "page_scripts.h"
+
+namespace ravelin::browser {
+
+void Page::attach(TextDone ready) {
+    auto self = shared_from_this();
+    connection_->send(
+        "Target.getTargets", Json::object(), [self, ready](const Json& result, auto&) {
+            std::string target;
+            for (const Json& info : result.value("targetInfos", Json::array())) {
+                if (info.value("type", "") == "page") target = info.value("targetId", "");
+            }
+            self->connection_->send(
+                "Target.attachToTarget", {{"targetId", target}, {"flatten", true}},
+                [self, ready, target](const Json& attached, const std::string& error) {
+                    if (!error.empty()) {
+                        logLine("cannot attach to the page: " + error);
+                        ready("");
+                        return;
+                    }
+                    self->connection_->useSession(attached.value("sessionId", ""));
+                    self->prepare(ready, target);
+                });
+        });
+}
+
+void Page::prepare(TextDone ready, const std::string& target) {
+    connection_->send("Page.enable");
+    connection_->send("Page.setLifecycleEventsEnabled", {{"enabled", true}});
+    connection_->send("Runtime.enable");
+    connection_->send("Runtime.addBinding", {{"name", messageBinding}});
+    connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", bridgeScript}});
+    connection_->send("Page.getFrameTree", Json::object(),
+                      [self = shared_from_this(), ready, target](const Json& tree, auto&) {
+                          self->frame_ = tree["frameTree"]["frame"].value("id", "");
+                          self->begin({"about:blank", "", false});
+                          ready(target);
+                      });
+}
+
+void Page::whenIdle(Done work) {
+    if (navigating_) {
+        waiting_.push_back(std::move(work));
+    } else {
+        work();
+    }
+}
+
+void Page::navigate(const std::string& address) {
+    whenIdle([self = shared_from_this(), address] { self->begin({address, "", false}); });
+}
+
+void Page::showText(const std::string& html) {
+    whenIdle([self = shared_from_this(), html] { self->begin({"about:blank", html, true}); });
+}
+
+void Page::reload() {
+    whenIdle([self = shared_from_this()] { self->begin(self->current_); });
+}
+
+void Page::begin(Navigation navigation) {
+    navigating_ = true;
+    awaited_.clear();
+    current_ = std::move(navigation);
+    connection_->send("Page.navigate", {{"url", current_.address}},
+                      [self = shared_from_this()](const Json& result, const std::string& error) {
+                          const std::string problem = result.value("errorText", error);
+                          if (!problem.empty()) {
+                              logLine("cannot open " + self->current_.address + ": " + problem);
+                              self->finish(false);
+                          } else if (!result.contains("loaderId")) {
+                              // Only the fragment changed: there is no new document to wait for.
+                              self->finish(true);
+                          } else {
+                              self->awaited_ = result["loaderId"].get<std::string>();
+                              self->loaded(self->loaded_);
+                          }
+                      });
+}
+
+void Page::loaded(const std::string& loader) {
+    loaded_ = loader;
+    if (!navigating_ || loader.empty() || loader != awaited_) return;
+    awaited_.clear();
+    if (!current_.isText) {
+        finish(true);
+        return;
+    }
+    connection_->send("Page.setDocumentContent", {{"frameId", frame_}, {"html", current_.html}},
+                      [self = shared_from_this()](const Json&, const std::string& error) {
+                          if (!error.empty()) logLine("cannot show the page: " + error);
+                          self->finish(error.empty());
+                      });
+}
+
+void Page::finish(bool success) {
+    if (!navigating_) return;
+    navigating_ = false;
+    if (onNavigated) onNavigated(success);
+    while (!navigating_ && !waiting_.empty()) {
+        const Done work = std::move(waiting_.front());
+        waiting_.pop_front();
+        work();
+    }
+}
+
+void Page::addScript(const std::string& source, TextDone added) {
+    connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", source}},
+                      [added](const Json& result, auto&) {
+                          if (added) added(result.value("identifier", ""));
+                      });
+}
+
+void Page::removeScript(const std::string& id) {
+    connection_->send("Page.removeScriptToEvaluateOnNewDocument", {{"identifier", id}});
+}
+
+void Page::execute(const std::string& script, TextDone done) {
+    whenIdle([self = shared_from_this(), script, done] {
+        const Json parameters = {{"expression", script}, {"returnByValue", true}};
+        self->connection_->send("Runtime.evaluate", parameters, [done](const Json& result, auto&) {
+            if (!done) return;
+            const Json* value = nullptr;
+            if (result.contains("result") && !result.contains("exceptionDetails")) {
+                const auto found = result["result"].find("value");
+                if (found != result["result"].end()) value = &*found;
+            }
+            done(value == nullptr ? "null" : value->dump());
+        });
+    });
+}
+
+void Page::resize(int width, int height, double zoom) {
+    connection_->send("Emulation.setDeviceMetricsOverride",
+                      {{"width", static_cast<int>(width / zoom)},
+                       {"height", static_cast<int>(height / zoom)},
+                       {"deviceScaleFactor", zoom},
+                       {"mobile", false}});
+}
+
+void Page::setFocus(bool focused) {
+    connection_->send("Emulation.setFocusEmulationEnabled", {{"enabled", focused}});
+}
+
+void Page::input(const std::string& method, Json parameters, Done taken) {
+    connection_->send(method, std::move(parameters),
+                      [taken](const Json&, const std::string& error) {
+                          if (!error.empty()) logLine("input was refused: " + error);
+                          if (taken) taken();
+                      });
+}
+
+void Page::answerDialog(bool accepted) {
+    connection_->send("Page.handleJavaScriptDialog", {{"accept", accepted}});
+}
+
+void Page::handleEvent(const std::string& method, const Json& parameters) {
+    if (method == "Page.lifecycleEvent") {
+        if (parameters.value("frameId", "") == frame_ && parameters.value("name", "") == "load") {
+            loaded(parameters.value("loaderId", ""));
+        }
+    } else if (method == "Page.frameNavigated") {
+        const Json& frame = parameters["frame"];
+        if (!frame.contains("parentId")) address_ = frame.value("url", "");
+    } else if (method == "Runtime.bindingCalled") {
+        if (parameters.value("name", "") == messageBinding && onMessage) {
+            onMessage(parameters.value("payload", "null"));
+        }
+    } else if (method == "Page.javascriptDialogOpening") {
+        if (onDialog) onDialog(parameters.value("type", ""), parameters.value("message", ""));
+    } else if (method == "Runtime.exceptionThrown") {
+        const Json& details = parameters["exceptionDetails"];
+        logLine("page: uncaught " + details.value("text", "") + " " +
+                details.value("exception", Json::object()).value("description", ""));
+    }
+}
+
+}  // namespace ravelin::browser

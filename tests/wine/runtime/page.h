@@ -1,0 +1,76 @@
+// The page in the browser, spoken to over the DevTools protocol: what it shows, the scripts in it,
+// its size and focus. Everything runs on the user-interface thread.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "devtools_connection.h"
+
+namespace ravelin::browser {
+
+class Page : public std::enable_shared_from_this<Page> {
+  public:
+    using Done = std::function<void()>;
+    using TextDone = std::function<void(const std::string&)>;
+
+    explicit Page(std::shared_ptr<DevToolsConnection> connection)
+        : connection_(std::move(connection)) {}
+
+    // Attaches to the browser's one page and prepares it; `ready` gets the page's target id, or
+    // the empty text when that failed.
+    void attach(TextDone ready);
+
+    void navigate(const std::string& address);
+    void showText(const std::string& html);
+    void reload();
+    const std::string& address() const { return address_; }
+
+    // The script runs at the start of every document from the next one on; `added` gets its id.
+    void addScript(const std::string& source, TextDone added);
+    void removeScript(const std::string& id);
+    // Evaluates in the current document; `done` gets the value as JSON, "null" on an exception.
+    void execute(const std::string& script, TextDone done);
+
+    void resize(int width, int height, double zoom);
+    void setFocus(bool focused);
+    // Sends an input command; the reply comes when the page has taken the event.
+    void input(const std::string& method, Json parameters, Done taken = {});
+
+    // A message that the page posted to its host, as JSON.
+    TextDone onMessage;
+    // A navigation asked for by the host has ended.
+    std::function<void(bool success)> onNavigated;
+    // The page asks with alert, confirm or prompt; answered by answerDialog.
+    std::function<void(const std::string& kind, const std::string& text)> onDialog;
+    void answerDialog(bool accepted);
+
+    void handleEvent(const std::string& method, const Json& parameters);
+
+  private:
+    struct Navigation {
+        std::string address;
+        std::string html;
+        bool isText = false;
+    };
+    void prepare(TextDone ready, const std::string& target);
+    void begin(Navigation navigation);
+    void loaded(const std::string& loader);
+    void finish(bool success);
+    void whenIdle(Done work);
+
+    std::shared_ptr<DevToolsConnection> connection_;
+    std::string frame_;
+    std::string address_ = "about:blank";
+    Navigation current_;
+    bool navigating_ = false;
+    // The document that the navigation waits for, and the one that was loaded last.
+    std::string awaited_;
+    std::string loaded_;
+    // The host's requests that came during a navigation, in order.
+    std::deque<Done> waiting_;
+};
+
+}  // namespace ravelin::browser
