@@ -43,7 +43,9 @@ ravelin_test_program(ravelin_thread_tests SOURCES ${thread_sources}
 
 if(WIN32)
     file(GLOB windows_test_sources CONFIGURE_DEPENDS tests/windows/*.cpp tests/windows/*/*.cpp)
-    ravelin_test_program(ravelin_windows_tests SOURCES ${windows_test_sources}
+    # The real desktop, so of what the test programs share only what runs without a simulated one.
+    ravelin_test_program(ravelin_windows_tests
+        SOURCES ${windows_test_sources} tests/support/engine_defaults.cpp
         LIBRARIES ravelin_windows ravelin_core ravelin_windows ravelin_resources GTest::gmock)
     file(GLOB windows_benches CONFIGURE_DEPENDS tests/bench/windows/*_main.cpp)
     foreach(source ${windows_benches})

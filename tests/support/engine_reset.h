@@ -3,8 +3,7 @@
 
 namespace ravelin::test {
 
-// Requests, hotkeys, capture, settings, targets, recorder and what is held down, all back at their
-// defaults; one empty profile with the default name, which is current. The clock starts at 0.
+// All defaults restored, on a new desktop whose clock starts at 0.
 void resetEngine();
 
 }  // namespace ravelin::test
