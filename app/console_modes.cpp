@@ -4,6 +4,8 @@
 
 #include "persistence/macro_file.h"
 #include "persistence/profiles.h"
+#include "scanner/report.h"
+#include "scanner/scan.h"
 
 namespace ravelin {
 namespace {
@@ -20,6 +22,13 @@ int validateMacro(const std::string& path, std::FILE* out) {
     return 0;
 }
 
+int scanMacro(const std::string& path, std::FILE* out) {
+    Profile profile;
+    if (const auto error = readMacroFile(path, profile); !error.empty()) return reject(out, error);
+    std::fprintf(out, "%s\n", MacroScan::ReportJson(MacroScan::Scan(profile.events)).c_str());
+    return 0;
+}
+
 }  // namespace
 
 int runConsoleMode(const Switches& switches, std::FILE* out) {
@@ -31,7 +40,7 @@ int runConsoleMode(const Switches& switches, std::FILE* out) {
         case ConsoleMode::validateMacro:
             return validateMacro(*switches.validateMacro, out);
         case ConsoleMode::scanMacro:
-            return reject(out, "This version cannot scan macros.");
+            return scanMacro(*switches.scanMacro, out);
         case ConsoleMode::none:
             break;
     }

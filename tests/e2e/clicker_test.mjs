@@ -1,0 +1,154 @@
+// The auto clicker as a user meets it: the page, the hotkeys and another program in front.
+import assert from 'node:assert/strict';
+import test, { after, before, beforeEach } from 'node:test';
+import { Ravelin } from './lib/ravelin.mjs';
+import { Witness } from './lib/witness.mjs';
+import { screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+
+let ravelin;
+let page;
+let witness;
+
+before(async () => {
+    useVirtualDesktop();
+    ravelin = await Ravelin.open();
+    page = await ravelin.page();
+    witness = await Witness.open();
+});
+
+after(async () => {
+    await witness?.close();
+    assert.equal(await ravelin?.close(), 0);
+});
+
+beforeEach(async () => {
+    await page.evaluate(() => window.updateSpammer('0,0,0,20,0,0,1,10,0'));
+});
+
+async function clicking(on) {
+    await ravelin.untilStatus((status) => status.autoClicking === on, `the clicker to be ${on ? 'on' : 'off'}`);
+}
+
+async function untilClicks(count) {
+    await until(() => witness.fresh('left-down').length >= count, `${count} clicks in the other program`);
+}
+
+test('F6 starts and stops clicking into the program in front, which never sees the key', async () => {
+    await witness.focus();
+    await xdotool('key', 'F6');
+    await clicking(true);
+    await untilClicks(20);
+    await xdotool('key', 'F6');
+    await clicking(false);
+    const downs = witness.fresh('left-down').length;
+    await until(() => witness.fresh('left-up').length >= downs, 'the release of the last click');
+    assert.equal(witness.fresh('key-down').length, 0);
+    assert.equal(witness.fresh('key-up').length, 0);
+});
+
+test('holding F6 fires once, and its repeats and release stay hidden', async () => {
+    await witness.focus();
+    await xdotool('keydown', 'F6');
+    await clicking(true);
+    // Auto-repeat as the display makes it: presses without a release between them.
+    for (let i = 0; i < 5; i++) await xdotool('keydown', 'F6');
+    await untilClicks(5);
+    assert.equal(ravelin.status().autoClicking, true);
+    await xdotool('keyup', 'F6');
+    await xdotool('key', 'a');
+    await until(() => witness.fresh('key-up').length === 1, 'an ordinary key to pass');
+    assert.deepEqual(witness.fresh('key-down').map((line) => line.a), [65]);
+    assert.equal(ravelin.status().autoClicking, true);
+    await xdotool('key', 'F6');
+    await clicking(false);
+});
+
+test('the page starts and stops the clicker and shows that it runs', async () => {
+    await page.evaluate(() => window.updateSpammer('0,0,0,200,0,0,1,10,0'));
+    await page.bringToFront();
+    const panel = page.locator('#panel-spammer');
+    // By keyboard, so that the cursor stays where clicks do no harm.
+    await witness.focus();
+    await page.evaluate(() => window.startSpammer());
+    await clicking(true);
+    await panel.getByRole('button', { name: /stop/i }).first().waitFor();
+    await screenshot('clicker-running');
+    await page.evaluate(() => window.stopSpammer());
+    await clicking(false);
+    await panel.getByRole('button', { name: /start/i }).first().waitFor();
+});
+
+test('a count ends the run by itself, and a new start counts anew', async () => {
+    await page.evaluate(() => window.updateSpammer('0,0,0,20,0,0,0,3,0'));
+    for (let run = 0; run < 2; run++) {
+        await witness.focus();
+        await xdotool('key', 'F6');
+        await until(() => witness.fresh('left-up').length === 3, 'three clicks');
+        await clicking(false);
+        assert.equal(witness.fresh('left-down').length, 3);
+    }
+});
+
+test('double clicks and the right button arrive as such', async () => {
+    await page.evaluate(() => window.updateSpammer('0,0,0,50,1,1,0,2,0'));
+    await witness.focus();
+    await xdotool('key', 'F6');
+    await until(() => witness.fresh('right-up').length === 4, 'two double clicks of the right button');
+    assert.equal(witness.fresh('left-down').length, 0);
+});
+
+test('F10 locks the hotkeys, stops the clicker, and unlocks again', async () => {
+    await witness.focus();
+    await xdotool('key', 'F6');
+    await clicking(true);
+    await xdotool('key', 'F10');
+    await ravelin.untilStatus((status) => !status.unlocked && !status.autoClicking, 'the lock to engage');
+    await screenshot('clicker-locked');
+    witness.mark();
+    await xdotool('key', 'F6');
+    await until(() => witness.fresh('key-up').some((line) => line.a === 117), 'F6 to reach the other program');
+    assert.equal(ravelin.status().autoClicking, false);
+    assert.equal(witness.fresh('key-down').filter((line) => line.a === 121).length, 0);
+    await xdotool('key', 'F10');
+    await ravelin.untilStatus((status) => status.unlocked, 'the lock to open');
+    await xdotool('key', 'F6');
+    await clicking(true);
+    await xdotool('key', 'F6');
+    await clicking(false);
+});
+
+test('a location is picked by a real click, which reaches nobody else', async () => {
+    await witness.focus();
+    await page.evaluate(() => window.pickLocation());
+    await xdotool('mousemove', witness.center.x + 30, witness.center.y + 20, 'click', 1);
+    const settings = await until(async () => {
+        const now = JSON.parse(await page.evaluate(async () => JSON.stringify(await window.getSettings())));
+        return now.locMode === 1 && now;
+    }, 'the point to be taken');
+    assert.deepEqual([settings.fixedX, settings.fixedY], [witness.center.x + 30, witness.center.y + 20]);
+    await xdotool('key', 'b');
+    await until(() => witness.fresh('key-up').length === 1, 'a key behind the click');
+    assert.equal(witness.fresh('left-down').length, 0);
+
+    await page.evaluate(() => window.pickLocation());
+    await xdotool('mousemove', witness.center.x - 30, witness.center.y, 'click', 3);
+    await xdotool('key', 'c');
+    await until(() => witness.fresh('key-up').length === 2, 'a key behind the cancelling click');
+    const after = JSON.parse(await page.evaluate(async () => JSON.stringify(await window.getSettings())));
+    assert.deepEqual([after.fixedX, after.fixedY], [settings.fixedX, settings.fixedY]);
+    assert.equal(witness.fresh('right-down').length, 0);
+});
+
+test('a fixed point is clicked wherever the cursor was', async () => {
+    const at = { x: witness.center.x + 30, y: witness.center.y + 20 };
+    await witness.focus();
+    await page.evaluate(() => window.pickLocation());
+    await xdotool('mousemove', at.x, at.y, 'click', 1);
+    await until(async () => (await page.evaluate(() => window.getSettings())).fixedX === at.x, 'the point');
+    await page.evaluate(() => window.updateSpammer('0,0,0,20,0,0,0,2,1'));
+    await xdotool('mousemove', witness.center.x - 60, witness.center.y - 40);
+    await xdotool('key', 'F6');
+    await until(() => witness.fresh('left-up').length === 2, 'two clicks');
+    for (const line of witness.fresh('left-down'))
+        assert.deepEqual([line.a, line.b], [at.x - witness.origin.x, at.y - witness.origin.y]);
+});
