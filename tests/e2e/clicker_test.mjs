@@ -149,6 +149,9 @@ test('a fixed point is clicked wherever the cursor was', async () => {
     await xdotool('mousemove', witness.center.x - 60, witness.center.y - 40);
     await xdotool('key', 'F6');
     await until(() => witness.fresh('left-up').length === 2, 'two clicks');
-    for (const line of witness.fresh('left-down'))
-        assert.deepEqual([line.a, line.b], [at.x - witness.origin.x, at.y - witness.origin.y]);
+    // Absolute moves travel in 65536ths of the screen, truncated on both ways: a pixel may be lost.
+    for (const line of witness.fresh('left-down')) {
+        assert.ok(Math.abs(line.a - (at.x - witness.origin.x)) <= 1, `x ${line.a}`);
+        assert.ok(Math.abs(line.b - (at.y - witness.origin.y)) <= 1, `y ${line.b}`);
+    }
 });

@@ -65,12 +65,10 @@ void printState(HWND window) {
     const auto extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
     std::printf(
         "{\"left\":%ld,\"top\":%ld,\"width\":%ld,\"height\":%ld,\"minimized\":%s,\"maximized\":%s,"
-        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s,\"bigIcon\":%s,\"smallIcon\":%s}\n",
+        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s}\n",
         r.left, r.top, r.right - r.left, r.bottom - r.top, truth(IsIconic(window)),
         truth(IsZoomed(window)), truth(GetForegroundWindow() == window),
-        truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION),
-        truth(SendMessageW(window, WM_GETICON, ICON_BIG, 0) != 0),
-        truth(SendMessageW(window, WM_GETICON, ICON_SMALL, 0) != 0));
+        truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION));
 }
 
 int number(const wchar_t* text) {
