@@ -1,12 +1,18 @@
 import { getContext, setContext } from "svelte";
 import { Bridge } from "../bridge/bridge";
+import { hotkeyMood } from "../text/hotkey_texts";
 import { Engine } from "./engine.svelte";
 import { LocationPick } from "./location_pick.svelte";
 import { PanelLayout } from "./panel_layout.svelte";
 import { Preferences } from "./preferences.svelte";
+import { Profiles } from "./profiles.svelte";
 import { Theme } from "./theme.svelte";
 import { Tools } from "./tools.svelte";
-import type { CaptureSlot } from "../bridge/methods";
+import { Update } from "./update.svelte";
+import type { CaptureSlot, HotkeySlot } from "../bridge/methods";
+
+// How long a window that cannot read the status shows that a key is awaited.
+const blindCaptureTime = 6000;
 
 // Everything that the page knows and can ask for; one for each window.
 export class App {
@@ -17,46 +23,75 @@ export class App {
   readonly tools: Tools;
   readonly pick: LocationPick;
   readonly preferences: Preferences;
+  readonly profiles: Profiles;
   readonly layout: PanelLayout;
   readonly theme: Theme;
+  readonly update: Update;
   notice = $state("");
-  // The slot armed from a window that cannot read the status.
-  blindCapture = $state<CaptureSlot | "">("");
 
-  constructor(host: Window) {
+  private blindCapture = $state<CaptureSlot | "">("");
+  private blindTimer: ReturnType<typeof setTimeout> | undefined;
+
+  constructor(private readonly host: Window) {
     this.bridge = new Bridge(host);
     this.isChild = this.bridge.has("closeThisWindow");
     this.engine = new Engine(this.bridge, () => host.document.hidden);
     this.tools = new Tools(this.bridge, () => this.pick.waiting);
     this.pick = new LocationPick(this.bridge, this.tools);
     this.preferences = new Preferences(this.bridge);
+    this.profiles = new Profiles(this.bridge, () => this.refresh());
     this.layout = new PanelLayout(this.bridge);
     this.theme = new Theme(host, host.document.documentElement);
-    this.engine.onAnswer((status) => {
-      if (status.restore.length > 0) {
-        this.layout.restore(status.restore);
-        this.tools.refresh();
-      }
+    this.update = new Update(this.bridge);
+    this.engine.onAnswer(({ restore }) => {
+      if (restore.length === 0) return;
+      this.layout.restore(restore);
+      this.tools.refresh();
     });
   }
 
   async start(): Promise<void> {
     this.engine.start();
     this.tools.start();
-    await this.preferences.load();
+    await Promise.all([this.preferences.load(), this.profiles.load()]);
     if (!this.preferences.loaded) return;
     this.layout.adopt(this.preferences);
     this.theme.adopt(this.preferences);
   }
 
+  // The slot that waits for a key, or nothing.
+  get capturing(): string {
+    return this.engine.status?.reassigning ?? this.blindCapture;
+  }
+
+  // The hotkey's name while pressing it does something.
+  readyKey(slot: HotkeySlot): string {
+    const { status } = this.engine;
+    const mood = hotkeyMood(status, this.preferences.switches.hotkeysEnabled);
+    return mood === "ready" ? (status?.hotkeys[slot] ?? "") : "";
+  }
+
   async capture(slot: CaptureSlot): Promise<void> {
-    await this.bridge.call("reassignKey", slot);
+    const answer = await this.bridge.call("reassignKey", slot);
     this.engine.refresh();
+    if (!answer.ok || this.bridge.has("getTrackerStatus")) return;
+    this.blindCapture = slot;
+    clearTimeout(this.blindTimer);
+    this.blindTimer = setTimeout(() => (this.blindCapture = ""), blindCaptureTime);
+  }
+
+  // A mouse button went down in the page.
+  pressSeen(): void {
+    const status = this.engine.status;
+    this.pick.pressSeen(status?.autoClicking === true || status?.state === "Playing");
   }
 
   // Sends waiting edits first, so that a tool never starts with the settings from before them.
   async run(method: "startSpammer" | "stopSpammer" | "startKeySpam" | "stopKeySpam") {
     this.tools.flush();
+    // The spammed key must not press the button that started it.
+    const focused = this.host.document.activeElement;
+    if (method === "startKeySpam" && focused instanceof HTMLElement) focused.blur();
     await this.bridge.call(method);
     this.engine.refresh();
   }
@@ -70,6 +105,11 @@ export class App {
   // Read out by screen readers.
   say(text: string): void {
     if (text !== "") this.notice = text;
+  }
+
+  private refresh(): void {
+    this.engine.refresh();
+    this.tools.refresh();
   }
 }
 

@@ -15,6 +15,7 @@ afterEach(async () => {
   await view.close();
 });
 
+const panel = () => view.page.locator("#panel-spammer");
 const lastSent = async () => (await view.calls("updateSpammer")).at(-1);
 
 test("start and stop are one button that follows the program", async () => {
@@ -27,17 +28,17 @@ test("start and stop are one button that follows the program", async () => {
 });
 
 test("an interval is sent while it is typed and carried over when the field is left", async () => {
-  const field = view.page.getByLabel("Interval, milliseconds");
+  const field = panel().getByLabel("Interval, milliseconds");
   await field.fill("1500");
   await view.page.getByText("Every 1.5 s · about 40 clicks a minute").waitFor();
   await expect.poll(lastSent).toEqual(["0,0,1,500,0,0,1,10,0"]);
   await field.press("Tab");
   expect(await field.inputValue()).toBe("500");
-  expect(await view.page.getByLabel("Interval, seconds").inputValue()).toBe("1");
+  expect(await panel().getByLabel("Interval, seconds").inputValue()).toBe("1");
 });
 
 test("an empty or odd entry is never sent and gives way to the last good one", async () => {
-  const field = view.page.getByLabel("Interval, milliseconds");
+  const field = panel().getByLabel("Interval, milliseconds");
   await field.fill("");
   await field.pressSequentially("-.e");
   await view.page.waitForTimeout(400);
@@ -54,7 +55,7 @@ test("every setting reaches the program, and a waiting edit goes out before the 
   const { page } = view;
   await page.getByText("Right", { exact: true }).click();
   await page.getByText("Double", { exact: true }).click();
-  await page.getByText("Count", { exact: true }).click();
+  await panel().getByText("Count", { exact: true }).click();
   await page.getByLabel("Number of clicks").fill("3");
   await page.getByRole("button", { name: "Start clicking" }).click();
   const order = (await view.program()).calls.map((call) => call.name);
@@ -92,7 +93,7 @@ test("a press that reaches the page shows that picking is over", async () => {
 });
 
 test("arrow keys step a number", async () => {
-  const field = view.page.getByLabel("Interval, milliseconds");
+  const field = panel().getByLabel("Interval, milliseconds");
   await field.press("ArrowUp");
   await field.press("PageUp");
   expect(await field.inputValue()).toBe("16");

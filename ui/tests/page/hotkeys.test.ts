@@ -46,7 +46,7 @@ test("locked hotkeys are told with the key that unlocks them, and the page can u
   await view.page.getByText("Hotkeys are locked:").waitFor();
   await view.page.getByText("key locked").first().waitFor();
   await view.shot("locked");
-  await view.page.getByRole("button", { name: "Unlock" }).click();
+  await view.page.getByRole("button", { name: "Unlock", exact: true }).click();
   await view.page.getByText("Hotkeys ready").waitFor();
   expect(await view.calls("setAppSetting")).toEqual([["hotkeyLock", "1"]]);
 });

@@ -1,0 +1,40 @@
+import type Sortable from "sortablejs";
+import type { Attachment } from "svelte/attachments";
+
+// Dragging panels by their headers. The library comes as a script of its own and may be missing;
+// panels are then moved with the keys only.
+export function panelSorting(setOrder: (ids: string[]) => void): Attachment<HTMLElement> {
+  return (dashboard) => {
+    const library = (window as { Sortable?: typeof Sortable }).Sortable;
+    if (!library) return undefined;
+    let next: Node | null = null;
+    const sorting = library.create(dashboard, {
+      handle: ".panel-header",
+      draggable: ".panel",
+      filter: ".panel-btn:not(.grip)",
+      preventOnFilter: false,
+      dataIdAttr: "data-id",
+      // Pointer events instead of the browser's own drag, which a hosted view may not deliver.
+      forceFallback: true,
+      fallbackTolerance: 4,
+      animation: motionAllowed() ? 160 : 0,
+      ghostClass: "drop-place",
+      onChoose: (event) => void (next = event.item.nextSibling),
+      onEnd: (event) => {
+        const order = sorting.toArray();
+        // The list is drawn from its data: the element goes back to where it was, and the new
+        // order moves it.
+        dashboard.insertBefore(event.item, next);
+        setOrder(order);
+      },
+    });
+    return () => sorting.destroy();
+  };
+}
+
+function motionAllowed(): boolean {
+  return (
+    document.documentElement.dataset["motion"] !== "off" &&
+    !window.matchMedia("(prefers-reduced-motion: reduce)").matches
+  );
+}
