@@ -1,8 +1,8 @@
 // From process start to the page's first status poll, beside a bare web view that shows one line and
 // calls one bound function, in turns in the same run.
-import { rmSync } from 'node:fs';
+import { copyFileSync, mkdirSync, rmSync } from 'node:fs';
 import path from 'node:path';
-import { dataFolder, start, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within, clearDataFolder } from '../e2e/lib/wine.mjs';
+import { clearDataFolder, dataFolder, programFolder, scratch, start, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within } from '../e2e/lib/wine.mjs';
 import { windowTool } from '../e2e/lib/windows.mjs';
 import { windowTitle } from '../e2e/lib/ravelin.mjs';
 
@@ -21,9 +21,14 @@ async function timeToPoll() {
     return time;
 }
 
+const bareFolder = path.join(scratch, 'bare');
+mkdirSync(bareFolder, { recursive: true });
+copyFileSync(path.join(toolFolder, 'bare_view.exe'), path.join(bareFolder, 'bare_view.exe'));
+copyFileSync(path.join(programFolder, 'libwebview.dll'), path.join(bareFolder, 'libwebview.dll'));
+
 async function timeToBareCall() {
     const began = performance.now();
-    const run = start(windowsPath(path.join(toolFolder, 'bare_view.exe')));
+    const run = start(windowsPath(path.join(bareFolder, 'bare_view.exe')));
     await until(() => run.output.includes('called'), 'the bare view\'s call', 60_000);
     const time = performance.now() - began;
     await within(30_000, run.exited, 'the bare view to end');

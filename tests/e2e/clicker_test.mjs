@@ -53,12 +53,12 @@ test('holding F6 fires once, and its repeats and release stay hidden', async () 
     // Auto-repeat as the display makes it: presses without a release between them.
     for (let i = 0; i < 5; i++) await xdotool('keydown', 'F6');
     await untilClicks(5);
-    assert.equal(ravelin.status().autoClicking, true);
+    assert.equal((await ravelin.statusNow()).autoClicking, true);
     await xdotool('keyup', 'F6');
     await xdotool('key', 'a');
     await until(() => witness.fresh('key-up').length === 1, 'an ordinary key to pass');
     assert.deepEqual(witness.fresh('key-down').map((line) => line.a), [65]);
-    assert.equal(ravelin.status().autoClicking, true);
+    assert.equal((await ravelin.statusNow()).autoClicking, true);
     await xdotool('key', 'F6');
     await clicking(false);
 });
@@ -107,7 +107,7 @@ test('F10 locks the hotkeys, stops the clicker, and unlocks again', async () => 
     witness.mark();
     await xdotool('key', 'F6');
     await until(() => witness.fresh('key-up').some((line) => line.a === 117), 'F6 to reach the other program');
-    assert.equal(ravelin.status().autoClicking, false);
+    assert.equal((await ravelin.statusNow()).autoClicking, false);
     assert.equal(witness.fresh('key-down').filter((line) => line.a === 121).length, 0);
     await xdotool('key', 'F10');
     await ravelin.untilStatus((status) => status.unlocked, 'the lock to open');

@@ -78,7 +78,7 @@ test('the left button never becomes the unlock key: the click passes and the slo
     await arm('unlock');
     await xdotool('click', 1);
     await until(() => witness.fresh('left-up').length === 1, 'the click to pass');
-    assert.equal(ravelin.status().reassigning, 'unlock');
+    assert.equal((await ravelin.statusNow()).reassigning, 'unlock');
     await xdotool('key', 'F3');
     assert.equal((await disarmed()).hkUnlock, 'F3');
 });

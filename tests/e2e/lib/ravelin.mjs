@@ -33,9 +33,14 @@ export class Ravelin {
         }
     }
 
+    /** The status of this very moment; asked through the page where a test is attached to it. */
+    async statusNow() {
+        return this.attached ? await this.attached.evaluate(() => window.getTrackerStatus()) : this.status();
+    }
+
     async untilStatus(holds, what) {
-        return await until(() => {
-            const status = this.status();
+        return await until(async () => {
+            const status = await this.statusNow();
             return status && holds(status) && status;
         }, what);
     }

@@ -37,6 +37,12 @@ void noteAt(const char* kind, LPARAM place) {
     note(kind, GET_X_LPARAM(place), GET_Y_LPARAM(place));
 }
 
+// The key's code; from its scan code where that is all that was sent.
+long keyOf(WPARAM w, LPARAM l) {
+    if (w != 0) return static_cast<long>(w);
+    return static_cast<long>(MapVirtualKeyW((static_cast<UINT>(l) >> 16) & 0xFF, MAPVK_VSC_TO_VK));
+}
+
 void paint(HWND window) {
     PAINTSTRUCT ps;
     const HDC dc = BeginPaint(window, &ps);
@@ -85,11 +91,11 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
             return 0;
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-            note("key-down", static_cast<long>(w), 0);
+            note("key-down", keyOf(w, l), 0);
             return 0;
         case WM_KEYUP:
         case WM_SYSKEYUP:
-            note("key-up", static_cast<long>(w), 0);
+            note("key-up", keyOf(w, l), 0);
             return 0;
         case WM_SETFOCUS:
             note("focus", 1, 0);

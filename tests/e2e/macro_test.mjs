@@ -1,0 +1,173 @@
+// Recording real input in another program and playing it back there.
+import assert from 'node:assert/strict';
+import test, { after, before, beforeEach } from 'node:test';
+import { Ravelin } from './lib/ravelin.mjs';
+import { Witness } from './lib/witness.mjs';
+import { screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+
+let ravelin;
+let page;
+let witness;
+
+before(async () => {
+    useVirtualDesktop();
+    ravelin = await Ravelin.open();
+    page = await ravelin.page();
+    witness = await Witness.open();
+});
+
+after(async () => {
+    await witness?.close();
+    assert.equal(await ravelin?.close(), 0);
+});
+
+beforeEach(async () => {
+    await page.evaluate(() => window.updateSpammer('0,0,0,100,0,0,1,10,0'));
+    await page.evaluate(() => window.updateKeySpam('0,0,0,100,1,10'));
+    await witness.focus();
+});
+
+const untilState = (state) => ravelin.untilStatus((status) => status.state === state, `the state ${state}`);
+
+async function record(act) {
+    await xdotool('key', 'F8');
+    await untilState('Recording');
+    witness.mark();
+    await act();
+    await xdotool('key', 'F8');
+    return await untilState('Idle');
+}
+
+/** Plays the macro and gives what arrived, once that is `count` events. */
+async function play(count) {
+    await xdotool('mousemove', witness.center.x - 80, witness.center.y + 60);
+    witness.mark();
+    await xdotool('key', 'F7');
+    const played = await settled(count);
+    await untilState('Idle');
+    return played;
+}
+
+const deeds = () => witness.fresh().filter((line) => !['move', 'focus'].includes(line.kind));
+
+async function settled(count) {
+    await until(() => deeds().length >= count, `${count} events in the other program`);
+    return deeds();
+}
+
+test('what was done by hand is done again, event by event', async () => {
+    const { x, y } = witness.center;
+    const status = await record(async () => {
+        await xdotool('mousemove', x - 40, y - 30);
+        await xdotool('click', 1);
+        await xdotool('mousemove', x + 20, y + 10);
+        await xdotool('mousedown', 3);
+        await xdotool('mousemove', x + 50, y + 30);
+        await xdotool('mouseup', 3);
+        await xdotool('click', 4, 'click', 5);
+        await xdotool('key', 'a');
+        await xdotool('keydown', 'shift', 'key', 'b', 'keyup', 'shift');
+        await xdotool('click', 2);
+        await settled(14);
+    });
+    const byHand = deeds();
+    assert.ok(status.count >= byHand.length, `${status.count} events recorded`);
+
+    const played = await play(byHand.length);
+    assert.deepEqual(played.map((line) => line.kind), byHand.map((line) => line.kind));
+    byHand.forEach((line, i) => {
+        const again = played[i];
+        if (/down|up/.test(line.kind) && !line.kind.startsWith('key')) {
+            assert.ok(Math.abs(again.a - line.a) <= 1 && Math.abs(again.b - line.b) <= 1, `${line.kind} at ${again.a},${again.b}`);
+        } else {
+            assert.deepEqual([again.a, again.b], [line.a, line.b], line.kind);
+        }
+        // Room for scheduling alone: the recording took well over this.
+        const drift = Math.abs(again.time - played[0].time - (line.time - byHand[0].time));
+        assert.ok(drift < 0.75, `${line.kind} ${i} is ${drift.toFixed(3)} s off`);
+    });
+});
+
+test('the hotkeys that end a recording are not part of it', async () => {
+    await record(async () => {
+        await xdotool('key', 'c');
+        await settled(2);
+    });
+    const played = await play(2);
+    assert.deepEqual(played.map((line) => [line.kind, line.a]), [['key-down', 67], ['key-up', 67]]);
+    assert.equal((await ravelin.statusNow()).state, 'Idle');
+});
+
+test('clicks on the program\'s own window are not recorded', async () => {
+    const before = await record(async () => {
+        await xdotool('mousemove', 200, 300, 'click', 1);
+        await xdotool('mousemove', witness.center.x, witness.center.y, 'click', 1);
+        await settled(2);
+    });
+    assert.ok(before.count > 0);
+    const downs = (await play(2)).filter((line) => line.kind === 'left-down');
+    assert.equal(downs.length, 1);
+});
+
+test('tools switched while recording are switched again by the macro', async () => {
+    await page.evaluate(() => window.removeKeySpamTarget('0'));
+    await page.evaluate(() => window.reassignKey('keyspamtarget'));
+    await ravelin.untilStatus((status) => status.reassigning === 'keyspamtarget', 'the capture');
+    await xdotool('key', 'k');
+    await ravelin.untilStatus((status) => status.keySpamTargets.length === 1, 'the target');
+    await record(async () => {
+        await xdotool('key', 'F6');
+        await until(() => witness.fresh('left-down').length >= 3, 'the clicker');
+        await xdotool('key', 'F6');
+        await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
+        await xdotool('key', 'F9');
+        await until(() => witness.fresh('key-down').length >= 3, 'the key spammer');
+        await xdotool('key', 'F9');
+        await ravelin.untilStatus((status) => !status.keySpamming, 'the key spammer to stop');
+    });
+    await screenshot('macro-recorded');
+    await play(2);
+    await until(() => witness.fresh('left-down').length >= 2, 'the clicker to run again');
+    await until(() => witness.fresh('key-down').filter((line) => line.a === 75).length >= 2, 'the key spammer to run again');
+    await ravelin.untilStatus((now) => !now.autoClicking && !now.keySpamming && now.state === 'Idle', 'everything to rest');
+});
+
+test('F10 in the middle of playback stops everything', async () => {
+    await record(async () => {
+        await xdotool('key', 'd');
+        await settled(2);
+        await xdotool('key', 'F6');
+        await until(() => witness.fresh('left-down').length >= 20, 'two seconds of clicking');
+        await xdotool('key', 'F6');
+        await xdotool('key', 'e');
+    });
+    await xdotool('mousemove', witness.center.x, witness.center.y);
+    witness.mark();
+    await xdotool('key', 'F7');
+    await ravelin.untilStatus((status) => status.state === 'Playing' && status.autoClicking, 'playback with the clicker');
+    await xdotool('key', 'F10');
+    await ravelin.untilStatus((status) => status.state === 'Idle' && !status.autoClicking && !status.unlocked, 'everything to stop');
+    assert.equal(witness.fresh('key-down').filter((line) => line.a === 69).length, 0);
+    await xdotool('key', 'F10');
+    await ravelin.untilStatus((status) => status.unlocked, 'the lock to open');
+});
+
+test('the play hotkey does nothing while recording, and the record hotkey nothing while playing', async () => {
+    await record(async () => {
+        await xdotool('key', 'F7');
+        await xdotool('key', 'g');
+        await settled(2);
+        assert.equal((await ravelin.statusNow()).state, 'Recording');
+        await xdotool('keydown', 'h');
+        await until(() => witness.fresh('key-down').length === 2, 'the second key');
+        await new Promise((resolve) => setTimeout(resolve, 1500)); // a macro that lasts
+        await xdotool('keyup', 'h');
+    });
+    witness.mark();
+    await xdotool('key', 'F7');
+    await untilState('Playing');
+    const { count } = await ravelin.statusNow();
+    await xdotool('key', 'F8');
+    const status = await untilState('Idle');
+    assert.equal(status.count, count);
+});
