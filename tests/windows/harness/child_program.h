@@ -24,6 +24,7 @@ class ChildProgram {
     ~ChildProgram();
 
     bool showsItsWindow() const { return shown_; }
+    DWORD processId() const { return GetProcessId(process_.get()); }
 
   private:
     ProcessHandle process_;
