@@ -19,47 +19,37 @@ std::uint32_t sideButton(DWORD mouseData) {
     return HIWORD(mouseData) == XBUTTON1 ? VK_XBUTTON1 : VK_XBUTTON2;
 }
 
+struct ButtonMessage {
+    WPARAM message;
+    MouseEvent::Kind kind;
+    std::uint32_t button;  // 0: the event's data tells which side button
+};
+
+constexpr ButtonMessage buttonMessages[] = {
+    {WM_LBUTTONDOWN, MouseEvent::Kind::press, VK_LBUTTON},
+    {WM_LBUTTONUP, MouseEvent::Kind::release, VK_LBUTTON},
+    {WM_RBUTTONDOWN, MouseEvent::Kind::press, VK_RBUTTON},
+    {WM_RBUTTONUP, MouseEvent::Kind::release, VK_RBUTTON},
+    {WM_MBUTTONDOWN, MouseEvent::Kind::press, VK_MBUTTON},
+    {WM_MBUTTONUP, MouseEvent::Kind::release, VK_MBUTTON},
+    {WM_XBUTTONDOWN, MouseEvent::Kind::press, 0},
+    {WM_XBUTTONUP, MouseEvent::Kind::release, 0},
+};
+
 MouseEvent mouseEvent(WPARAM message, const MSLLHOOKSTRUCT& details) {
     MouseEvent event{.point = {details.pt.x, details.pt.y},
                      .injected = (details.flags & LLMHF_INJECTED) != 0};
-    const auto button = [&event](MouseEvent::Kind kind, std::uint32_t code) {
-        event.kind = kind;
-        event.button = code;
-    };
-    switch (message) {
-        case WM_MOUSEMOVE:
-            event.kind = MouseEvent::Kind::move;
-            break;
-        case WM_LBUTTONDOWN:
-            button(MouseEvent::Kind::press, VK_LBUTTON);
-            break;
-        case WM_LBUTTONUP:
-            button(MouseEvent::Kind::release, VK_LBUTTON);
-            break;
-        case WM_RBUTTONDOWN:
-            button(MouseEvent::Kind::press, VK_RBUTTON);
-            break;
-        case WM_RBUTTONUP:
-            button(MouseEvent::Kind::release, VK_RBUTTON);
-            break;
-        case WM_MBUTTONDOWN:
-            button(MouseEvent::Kind::press, VK_MBUTTON);
-            break;
-        case WM_MBUTTONUP:
-            button(MouseEvent::Kind::release, VK_MBUTTON);
-            break;
-        case WM_XBUTTONDOWN:
-            button(MouseEvent::Kind::press, sideButton(details.mouseData));
-            break;
-        case WM_XBUTTONUP:
-            button(MouseEvent::Kind::release, sideButton(details.mouseData));
-            break;
-        case WM_MOUSEWHEEL:
-            event.kind = MouseEvent::Kind::wheel;
-            event.wheel = static_cast<std::int16_t>(HIWORD(details.mouseData));
-            break;
-        default:
-            break;
+    if (message == WM_MOUSEMOVE) {
+        event.kind = MouseEvent::Kind::move;
+    } else if (message == WM_MOUSEWHEEL) {
+        event.kind = MouseEvent::Kind::wheel;
+        event.wheel = static_cast<std::int16_t>(HIWORD(details.mouseData));
+    } else {
+        for (const ButtonMessage& one : buttonMessages) {
+            if (one.message != message) continue;
+            event.kind = one.kind;
+            event.button = one.button != 0 ? one.button : sideButton(details.mouseData);
+        }
     }
     return event;
 }

@@ -21,7 +21,3 @@ void realInput(std::string_view commands);
 void realInput(HWND window, std::string_view commands);
 
 }  // namespace ravelin::test
-
-// Ends a test that needs real input where there is none.
-#define RAVELIN_NEEDS_REAL_INPUT() \
-    if (!ravelin::test::hasRealInput()) GTEST_SKIP() << "no real input on this system"

@@ -6,37 +6,33 @@
 #include "input/capture.h"
 #include "input/engine_state.h"
 #include "input/tool_settings.h"
-#include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/hook_probe.h"
-#include "tests/windows/harness/real_input.h"
+#include "tests/windows/harness/real_input_fixture.h"
 #include "tests/windows/harness/test_window.h"
 
 namespace ravelin {
 namespace {
 
-using test::EngineTest;
 using test::eventually;
 using test::HookProbe;
-using test::InputThreadRun;
 using test::realInput;
+using test::RealInputTest;
 using test::SeenMessage;
 using test::TestWindow;
 
-class RealHotkeys : public EngineTest {
+class RealHotkeys : public RealInputTest {
   protected:
     void SetUp() override {
-        RAVELIN_NEEDS_REAL_INPUT();
-        EngineTest::SetUp();
-        run_.emplace();
+        RealInputTest::SetUp();
+        if (IsSkipped()) return;
         probe_.emplace();
         window_.emplace(L"Receiver");
     }
     void TearDown() override {
         window_.reset();
         probe_.reset();
-        run_.reset();
-        if (test::hasRealInput()) EngineTest::TearDown();
+        RealInputTest::TearDown();
     }
 
     // The messages of one key that reached the window in front.
@@ -68,7 +64,6 @@ class RealHotkeys : public EngineTest {
         });
     }
 
-    std::optional<InputThreadRun> run_;
     std::optional<HookProbe> probe_;  // before the hooks of the input thread
     std::optional<TestWindow> window_;
 };

@@ -8,22 +8,21 @@
 #include "input/tool_settings.h"
 #include "persistence/profiles.h"
 #include "tests/windows/harness/child_program.h"
-#include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/foreign_program.h"
-#include "tests/windows/harness/real_input.h"
+#include "tests/windows/harness/real_input_fixture.h"
 #include "tests/windows/harness/test_window.h"
 
 namespace ravelin {
 namespace {
 
 using test::ChildProgram;
-using test::EngineTest;
 using test::eventually;
 using test::ForeignProgram;
 using test::InputThreadRun;
 using test::ownPath;
 using test::realInput;
+using test::RealInputTest;
 using test::TestWindow;
 
 std::vector<UnifiedEvent> recorded() {
@@ -38,18 +37,12 @@ std::vector<UnifiedEvent> recorded(EventKind kind) {
     return result;
 }
 
-class RealRecording : public EngineTest {
+class RealRecording : public RealInputTest {
   protected:
     void SetUp() override {
-        RAVELIN_NEEDS_REAL_INPUT();
-        EngineTest::SetUp();
         SetCursorPos(20, 900);
-        run_.emplace();
+        RealInputTest::SetUp();
         engine.recording = true;
-    }
-    void TearDown() override {
-        run_.reset();
-        if (test::hasRealInput()) EngineTest::TearDown();
     }
 
     // Sends the commands and then a key; everything before the key has been handled when it is in
@@ -72,8 +65,6 @@ class RealRecording : public EngineTest {
             return !moves.empty() && platform::Point{moves.back().x, moves.back().y} == expected;
         })) << command;
     }
-
-    std::optional<InputThreadRun> run_;
 };
 
 TEST_F(RealRecording, KeysAreRecordedWithTheirCodes) {

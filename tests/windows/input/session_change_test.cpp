@@ -5,27 +5,25 @@
 #include <wtsapi32.h>
 
 #include "input/engine_state.h"
-#include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/hook_probe.h"
-#include "tests/windows/harness/real_input.h"
+#include "tests/windows/harness/real_input_fixture.h"
 
 namespace ravelin {
 namespace {
 
-using test::EngineTest;
 using test::eventually;
 using test::HookProbe;
 using test::InputThreadRun;
 using test::realInput;
+using test::RealInputTest;
 
 // The argument is the reason of the change. All of them come while F6 is held, which has fired.
-class SessionChange : public EngineTest, public ::testing::WithParamInterface<WPARAM> {
+class SessionChange : public RealInputTest, public ::testing::WithParamInterface<WPARAM> {
   protected:
     void SetUp() override {
-        RAVELIN_NEEDS_REAL_INPUT();
-        EngineTest::SetUp();
-        run_.emplace();
+        RealInputTest::SetUp();
+        if (IsSkipped()) return;
         probe_.emplace();
         realInput("keydown F6");
         ASSERT_TRUE(eventually([] { return requests.clickerToggle == 1; }));
@@ -33,15 +31,13 @@ class SessionChange : public EngineTest, public ::testing::WithParamInterface<WP
         SendMessageW(InputThreadRun::hiddenWindow(), WM_WTSSESSION_CHANGE, GetParam(), 1);
     }
     void TearDown() override {
-        if (!test::hasRealInput()) return;
+        if (IsSkipped()) return;
         realInput("keyup F6");
         EXPECT_TRUE(probe_->awaitKey(WM_KEYUP, VK_F6));
         probe_.reset();
-        run_.reset();
-        EngineTest::TearDown();
+        RealInputTest::TearDown();
     }
 
-    std::optional<InputThreadRun> run_;
     std::optional<HookProbe> probe_;
 };
 
