@@ -11,6 +11,8 @@ set(RAVELIN_TESTER_HOST "testers.ravelin.example" CACHE STRING
     "Site for testers: the update self-test proves that no installer may come from there")
 set(RAVELIN_UNRELATED_HOST "unrelated.example" CACHE STRING
     "Somebody else's host in the addresses of the update self-test")
+set(RAVELIN_INSTALL_ID "{7A1E2C90-3B4D-4E5F-8A6B-9C0D1E2F3A4B}" CACHE STRING
+    "Names the installed program among all others; the same for every version")
 set(RAVELIN_TIER_WORDS "home;studio;portable;beta;macos;linux" CACHE STRING
     "Tier words that an update manifest may carry at all")
 set(RAVELIN_CHAT_URL "https://chat.ravelin.example/invite" CACHE STRING "Community chat invite link")
