@@ -19,5 +19,5 @@ int main(int count, char** texts) {
             stderr);
         return 2;
     }
-    return runConsoleMode(switches, stdout);
+    return runConsoleMode(switches, {}, stdout);
 }

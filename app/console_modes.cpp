@@ -15,6 +15,14 @@ int reject(std::FILE* out, const std::string& message) {
     return 1;
 }
 
+int selfTestUpdate(const std::string& path, const UpdateSelfTest& selfTest, std::FILE* out) {
+    std::string report;
+    const bool passed = selfTest(path, report);
+    std::fprintf(out, "%sSELFTEST-UPDATE: %s\n", report.c_str(),
+                 passed ? "ALL PASS" : "FAILURES ABOVE");
+    return passed ? 0 : 1;
+}
+
 int validateMacro(const std::string& path, std::FILE* out) {
     Profile profile;
     if (const auto error = readMacroFile(path, profile); !error.empty()) return reject(out, error);
@@ -31,10 +39,10 @@ int scanMacro(const std::string& path, std::FILE* out) {
 
 }  // namespace
 
-int runConsoleMode(const Switches& switches, std::FILE* out) {
+int runConsoleMode(const Switches& switches, const UpdateSelfTest& updateSelfTest, std::FILE* out) {
     switch (consoleMode(switches)) {
         case ConsoleMode::selfTestUpdate:
-            return reject(out, "This version has no update self-test.");
+            return selfTestUpdate(*switches.selfTestUpdate, updateSelfTest, out);
         case ConsoleMode::validateTheme:
             return reject(out, "This version cannot check themes.");
         case ConsoleMode::validateMacro:

@@ -29,6 +29,8 @@
 #include "persistence/legacy_files.h"
 #include "persistence/profiles.h"
 #include "persistence/session_file.h"
+#include "updater/stale_folders.h"
+#include "updater/update_check.h"
 
 namespace ravelin {
 namespace {
@@ -40,7 +42,7 @@ void tidyFiles() {
     migrateLegacyFile(dataFile("appsettings.txt"), "appsettings.txt");
     deleteLegacyFile("status.txt");
     deleteLegacyFile("macroevents.txt");
-    sweepStaleUpdateFolders();
+    SweepStaleUpdateFolders();
 }
 
 void loadSessionOrDefaults() {

@@ -13,6 +13,7 @@
 #include "app/process_setup.h"
 #include "app/run_modes.h"
 #include "support/win32_handles.h"
+#include "updater/self_test.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR narrowCommandLine, int) {
 
     if (consoleMode(switches) != ConsoleMode::none) {
         attachConsole();
-        const int exitCode = runConsoleMode(switches, stdout);
+        const int exitCode = runConsoleMode(switches, RunUpdateSelfTest, stdout);
         std::fflush(stdout);
         return exitCode;
     }
