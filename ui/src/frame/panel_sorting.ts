@@ -1,5 +1,6 @@
 import type Sortable from "sortablejs";
 import type { Attachment } from "svelte/attachments";
+import { motionAllowed } from "./motion";
 
 // Dragging panels by their headers. The library comes as a script of its own and may be missing;
 // panels are then moved with the keys only.
@@ -30,11 +31,4 @@ export function panelSorting(setOrder: (ids: string[]) => void): Attachment<HTML
     });
     return () => sorting.destroy();
   };
-}
-
-function motionAllowed(): boolean {
-  return (
-    document.documentElement.dataset["motion"] !== "off" &&
-    !window.matchMedia("(prefers-reduced-motion: reduce)").matches
-  );
 }

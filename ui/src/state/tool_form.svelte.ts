@@ -9,7 +9,7 @@ export class ToolForm<T extends object> {
   values = $state.raw<T>() as T;
 
   private readonly sending: Debounce;
-  private edits = 0;
+  private edits = $state(0);
   private held = false;
 
   constructor(

@@ -1,12 +1,9 @@
 import { AxeBuilder } from "@axe-core/playwright";
-import { afterAll, beforeAll, describe, expect, test } from "vitest";
+import { describe, expect, test } from "vitest";
 import { themes } from "../../src/text/themes";
-import { launch, View } from "./harness";
-import type { Browser } from "playwright-core";
+import { useLiveViews } from "./views";
 
-let browser: Browser;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
+const open = useLiveViews({ height: 900, preferences: { disableAnimations: true } });
 
 const states = {
   idle: {},
@@ -20,18 +17,14 @@ const states = {
 
 describe.each(themes)("in the theme $key", ({ key }) => {
   test.each(Object.keys(states))("axe finds nothing while %s", async (name) => {
-    const view = await View.open(browser, {
-      theme: key,
-      height: 900,
-      status: states[name as keyof typeof states],
-      preferences: { disableAnimations: true },
-    });
-    await view.page.locator(".bar ul").waitFor();
+    const view = await open({ theme: key, status: states[name as keyof typeof states] });
     await view.page.waitForTimeout(200);
-    const { violations } = await new AxeBuilder({ page: view.page }).analyze();
+    const axe = new AxeBuilder({ page: view.page });
+    // The structure is the same in every theme; the colours are not.
+    if (key !== "ravelin" && name !== "idle") axe.withRules(["color-contrast"]);
+    const { violations } = await axe.analyze();
     const found = violations.map((v) => `${v.id}: ${v.nodes.map((n) => n.html).join(" | ")}`);
     expect(found).toEqual([]);
     await view.shot(`state_${name}_${key}`, true);
-    await view.close();
   });
 });

@@ -1,21 +1,14 @@
-import { afterAll, afterEach, beforeAll, expect, test } from "vitest";
-import { launch, View, type ViewOptions } from "./harness";
-import type { Browser } from "playwright-core";
-
-let browser: Browser;
-let view: View;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
-});
+import { expect, test } from "vitest";
+import { useViews } from "./views";
+import type { View } from "./harness";
 
 const only = [
   "updateSpammer", "updateKeySpam", "removeKeySpamTarget", "setKeySpamChordMode", "reassignKey",
   "startSpammer", "stopSpammer", "startKeySpam", "stopKeySpam",
   "resizeWindow", "beginWindowDrag", "closeThisWindow",
 ];
+const open = useViews({ width: 450, height: 400, only });
+let view: View;
 
 // What the program appends to the page of a window that shows one panel.
 const appended = (id: string, theme: string) => `<script>
@@ -39,15 +32,13 @@ const appended = (id: string, theme: string) => `<script>
   if (typeof resizeHostWindow === "function") resizeHostWindow();
 </script>`;
 
-async function open(id: string, theme = "ravelin", options: ViewOptions = {}): Promise<void> {
-  view = await View.open(browser, {
-    width: 450, height: 400, only, appended: appended(id, theme), ...options,
-  });
+async function show(id: string, theme = "ravelin"): Promise<void> {
+  view = await open({ appended: appended(id, theme) });
   await view.page.locator(`#${id}`).waitFor();
 }
 
 test("shows its panel alone, in the given theme, and fits the window to it", async () => {
-  await open("panel-spammer", "daylight");
+  await show("panel-spammer", "daylight");
   expect(await view.page.locator(".panel:visible").count()).toBe(1);
   expect(await view.page.locator(".bar").count()).toBe(0);
   expect(await view.page.locator("#theme-select").inputValue()).toBe("daylight");
@@ -59,22 +50,38 @@ test("shows its panel alone, in the given theme, and fits the window to it", asy
 });
 
 test("grows and shrinks with its content", async () => {
-  await open("panel-spammer");
+  await show("panel-spammer");
+  const sizes = async () => (await view.calls("resizeWindow")).map(([, height]) => height);
+  const fits = async () => {
+    const box = await view.page.locator("#panel-spammer").boundingBox();
+    return (await sizes()).at(-1) === Math.ceil(box!.height);
+  };
+  await view.page.getByText("Right", { exact: true }).click();
+  await expect.poll(async () => (await sizes()).length).toBe(2);
+  await expect.poll(fits).toBe(true);
   await view.page.getByText("Fixed point").click();
-  await expect.poll(async () => (await view.calls("resizeWindow")).length).toBeGreaterThan(1);
-  const [first, last] = [await view.calls("resizeWindow")].flatMap((c) => [c[0], c.at(-1)]);
-  expect(Number(last?.[1])).toBeGreaterThanOrEqual(Number(first?.[1]));
+  await expect.poll(async () => (await sizes()).length).toBe(3);
+  await expect.poll(fits).toBe(true);
+});
+
+test("tells that it shows defaults, until something is changed", async () => {
+  await show("panel-spammer");
+  const note = view.page.locator("#panel-spammer").getByText("These are the defaults");
+  await note.waitFor();
+  await view.page.getByText("Middle", { exact: true }).click();
+  await note.waitFor({ state: "detached" });
+  await expect.poll(() => view.calls("updateSpammer")).toEqual([["0,0,0,5,2,0,1,10,0"]]);
 });
 
 test("sends nothing before the user changes something", async () => {
-  await open("panel-spammer");
+  await show("panel-spammer");
   await view.page.waitForTimeout(500);
   const names = (await view.program()).calls.map((call) => call.name);
   expect(new Set(names)).toEqual(new Set(["resizeWindow"]));
 });
 
 test("offers start and stop, as it does not know what runs", async () => {
-  await open("panel-keyspam");
+  await show("panel-keyspam");
   await view.page.getByRole("button", { name: "Start pressing" }).click();
   await view.page.getByRole("button", { name: "Stop pressing" }).click();
   expect(await view.calls("startKeySpam")).toHaveLength(1);
@@ -84,7 +91,7 @@ test("offers start and stop, as it does not know what runs", async () => {
 });
 
 test("is dragged by its header and closed by its button", async () => {
-  await open("panel-spammer");
+  await show("panel-spammer");
   await view.page.getByRole("heading", { name: "Auto clicker" }).click();
   expect(await view.calls("beginWindowDrag")).toEqual([[""]]);
   await view.page.locator("#panel-spammer .panel-btn").click();
@@ -93,16 +100,15 @@ test("is dragged by its header and closed by its button", async () => {
 });
 
 test("a capture is shown for a while", async () => {
-  await open("panel-keyspam");
+  await show("panel-keyspam");
   await view.page.getByRole("button", { name: "Add key" }).click();
   await view.page.getByText("Press a key… Esc cancels").waitFor();
   expect(await view.calls("reassignKey")).toEqual([["keyspamtarget"]]);
 });
 
 test("settings and profiles point to the main window", async () => {
-  await open("panel-ui");
+  await show("panel-ui");
   await view.page.getByText("Settings are changed in the main window.").waitFor();
-  await view.close();
-  await open("panel-profile");
+  await show("panel-profile");
   await view.page.getByText("Profiles are kept in the main window.").waitFor();
 });

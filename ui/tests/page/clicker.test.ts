@@ -1,18 +1,12 @@
-import { afterAll, afterEach, beforeAll, beforeEach, expect, test } from "vitest";
-import { launch, View } from "./harness";
-import type { Browser } from "playwright-core";
+import { beforeEach, expect, test } from "vitest";
+import { useLiveViews } from "./views";
+import type { View } from "./harness";
 
-let browser: Browser;
+const open = useLiveViews();
 let view: View;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
 beforeEach(async () => {
-  view = await View.open(browser);
+  view = await open();
   await view.page.getByText("Hotkeys ready").waitFor();
-});
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
 });
 
 const panel = () => view.page.locator("#panel-spammer");

@@ -48,7 +48,7 @@ export class View {
     const { width = 420, height = 560 } = options;
     const context = await browser.newContext({ viewport: { width, height } });
     const page = await context.newPage();
-    page.setDefaultTimeout(10_000);
+    page.setDefaultTimeout(20_000);
     const view = new View(page);
     await page.addInitScript(installFakeProgram, options);
     await page.goto("about:blank");

@@ -1,18 +1,12 @@
-import { afterAll, afterEach, beforeAll, beforeEach, expect, test } from "vitest";
-import { launch, View } from "./harness";
-import type { Browser } from "playwright-core";
+import { beforeEach, expect, test } from "vitest";
+import { useLiveViews } from "./views";
+import type { View } from "./harness";
 
-let browser: Browser;
+const open = useLiveViews();
 let view: View;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
 beforeEach(async () => {
-  view = await View.open(browser);
+  view = await open();
   await view.page.getByText("Hotkeys ready").waitFor();
-});
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
 });
 
 const changeAuto = () =>
@@ -43,7 +37,7 @@ test("Enter asks for the capture only when it is released", async () => {
 
 test("locked hotkeys are told with the key that unlocks them, and the page can unlock", async () => {
   await view.report({ status: { unlocked: false } });
-  await view.page.getByText("Hotkeys are locked:").waitFor();
+  await view.page.getByText("Hotkeys are locked:", { exact: true }).waitFor();
   await view.page.getByText("key locked").first().waitFor();
   await view.shot("locked");
   await view.page.getByRole("button", { name: "Unlock", exact: true }).click();

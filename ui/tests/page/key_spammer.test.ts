@@ -1,23 +1,10 @@
-import { afterAll, afterEach, beforeAll, expect, test } from "vitest";
-import { launch, View, type ViewOptions } from "./harness";
-import type { Browser } from "playwright-core";
+import { expect, test } from "vitest";
+import { useLiveViews } from "./views";
 
-let browser: Browser;
-let view: View;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
-});
-
-async function open(options: ViewOptions = {}): Promise<void> {
-  view = await View.open(browser, { height: 1100, ...options });
-  await view.page.getByText("Hotkeys ready").waitFor();
-}
+const open = useLiveViews({ height: 1100 });
 
 test("a key is added by pressing it", async () => {
-  await open();
+  const view = await open();
   await view.page.getByText("1 of 3 keys").waitFor();
   await view.page.getByRole("button", { name: "Add key" }).click();
   await view.page.getByText("Press a key… Esc cancels").waitFor();
@@ -29,7 +16,7 @@ test("a key is added by pressing it", async () => {
 });
 
 test("a key is removed by its place, so that one of two equal keys can go", async () => {
-  await open({ status: { keySpamTargets: ["A", "A", "B"] } });
+  const view = await open({ status: { keySpamTargets: ["A", "A", "B"] } });
   await view.page.getByRole("button", { name: "Remove A, key 2" }).click();
   await view.page.getByText("2 of 3 keys").waitFor();
   expect(await view.calls("removeKeySpamTarget")).toEqual([[1]]);
@@ -38,20 +25,20 @@ test("a key is removed by its place, so that one of two equal keys can go", asyn
 });
 
 test("a full list says so and takes no further key", async () => {
-  await open({ status: { keySpamTargets: ["A", "B", "C"] } });
+  const view = await open({ status: { keySpamTargets: ["A", "B", "C"] } });
   await view.page.getByText("All 3 places are taken. Remove a key to add another one.").waitFor();
   await view.page.getByRole("button", { name: "Add key" }).click({ force: true });
   expect(await view.calls("reassignKey")).toEqual([]);
 });
 
 test("without a key there is nothing to start", async () => {
-  await open({ status: { keySpamTargets: [] } });
+  const view = await open({ status: { keySpamTargets: [] } });
   await view.page.getByText("No key yet: add one to start").waitFor();
   expect(await view.page.getByRole("button", { name: "Start pressing" }).isDisabled()).toBe(true);
 });
 
 test("keys are pressed in turn or together", async () => {
-  await open({ status: { keySpamTargets: ["Ctrl", "C"] } });
+  const view = await open({ status: { keySpamTargets: ["Ctrl", "C"] } });
   await view.page.getByText("All together").click();
   await view.page.getByText("Ctrl + C together, until stopped").waitFor();
   await view.page.getByText("about 200 chords a second").waitFor();
@@ -61,7 +48,7 @@ test("keys are pressed in turn or together", async () => {
 });
 
 test("interval and count go out together", async () => {
-  await open();
+  const view = await open();
   const panel = view.page.locator("#panel-keyspam");
   await panel.getByLabel("Key interval, seconds").fill("2");
   await panel.getByText("Count", { exact: true }).click();
@@ -73,7 +60,7 @@ test("interval and count go out together", async () => {
 });
 
 test("the macro panel tells which key to press in each state", async () => {
-  await open();
+  const view = await open();
   const panel = view.page.locator("#panel-tracker");
   await panel.getByText("No macro yet").waitFor();
   await view.report({ status: { state: "Recording", count: 12 } });

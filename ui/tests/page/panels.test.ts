@@ -1,20 +1,9 @@
-import { afterAll, afterEach, beforeAll, expect, test } from "vitest";
-import { launch, View, type ViewOptions } from "./harness";
-import type { Browser } from "playwright-core";
+import { expect, test } from "vitest";
+import { useLiveViews } from "./views";
+import type { View } from "./harness";
 
-let browser: Browser;
+const open = useLiveViews();
 let view: View;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
-});
-
-async function open(options: ViewOptions = {}): Promise<void> {
-  view = await View.open(browser, options);
-  await view.page.getByText("Hotkeys ready").waitFor();
-}
 
 const shownOrder = () =>
   view.page.evaluate(() =>
@@ -24,7 +13,7 @@ const usual = ["panel-spammer", "panel-keyspam", "panel-tracker", "panel-profile
 const minimised = Object.fromEntries([["minimizedPanels", usual]]);
 
 test("a panel is minimised and shown again, and the program is told", async () => {
-  await open();
+  view = await open();
   const button = view.page.getByRole("button", { name: "Auto clicker", exact: true });
   const body = view.page.locator("#panel-spammer-body");
   await button.click();
@@ -39,7 +28,7 @@ test("a panel is minimised and shown again, and the program is told", async () =
 });
 
 test("saved order and minimised panels are there at start, whatever is missing or unknown", async () => {
-  await open({
+  view = await open({
     preferences: {
       panelOrder: ["panel-ui", "bogus", "panel-tracker"],
       minimizedPanels: ["panel-ui"],
@@ -53,7 +42,7 @@ test("saved order and minimised panels are there at start, whatever is missing o
 });
 
 test("arrow keys on the grip move a panel and keep the focus on it", async () => {
-  await open({ preferences: minimised });
+  view = await open({ preferences: minimised });
   const grip = view.page.getByRole("button", { name: "Move Auto clicker" });
   await grip.press("ArrowUp");
   await grip.press("ArrowDown");
@@ -72,23 +61,30 @@ test("arrow keys on the grip move a panel and keep the focus on it", async () =>
   await expect.poll(() => live.textContent()).toBe("Auto clicker moved to place 2 of 5");
 });
 
-test("a panel is dragged by its header to another place", async () => {
-  await open({ preferences: { ...minimised, disableAnimations: true } });
-  await view.page.locator("#panel-spammer-body").waitFor({ state: "hidden" });
+// Presses the header of one panel and lets it go over that of another.
+async function drag(from: string, to: string): Promise<void> {
   const middle = async (id: string) => {
     const box = (await view.page.locator(`#${id} h2`).boundingBox())!;
     return { x: box.x + 30, y: box.y + box.height / 2 };
   };
-  const from = await middle("panel-spammer");
-  const to = await middle("panel-tracker");
-  await view.page.mouse.move(from.x, from.y);
+  const start = await middle(from);
+  const end = await middle(to);
+  await view.page.mouse.move(start.x, start.y);
   await view.page.mouse.down();
   for (let step = 1; step <= 12; step++) {
-    await view.page.mouse.move(from.x, from.y + ((to.y - from.y + 10) * step) / 12);
+    const part = step / 12;
+    const x = start.x + (end.x - start.x) * part;
+    await view.page.mouse.move(x, start.y + (end.y - start.y + 10) * part);
     await view.page.waitForTimeout(20);
   }
-  await view.shot("dragging");
+  await view.shot(`dragging_${to}`);
   await view.page.mouse.up();
+}
+
+test("a panel is dragged by its header to another place", async () => {
+  view = await open({ preferences: { ...minimised, disableAnimations: true } });
+  await view.page.locator("#panel-spammer-body").waitFor({ state: "hidden" });
+  await drag("panel-spammer", "panel-tracker");
   const moved = ["panel-keyspam", "panel-tracker", "panel-spammer", "panel-profile", "panel-ui"];
   await expect.poll(() => view.calls("setPanelOrder")).toEqual([[moved.join(",")]]);
   expect(await shownOrder()).toEqual(moved);
@@ -96,15 +92,24 @@ test("a panel is dragged by its header to another place", async () => {
   expect((await shownOrder()).slice(0, 2)).toEqual(["panel-tracker", "panel-keyspam"]);
 });
 
+test("a panel is dragged from one column to the other", async () => {
+  view = await open({ width: 900, height: 700, preferences: { disableAnimations: true } });
+  await drag("panel-spammer", "panel-keyspam");
+  await expect
+    .poll(async () => (await shownOrder()).slice(0, 2))
+    .toEqual(["panel-keyspam", "panel-spammer"]);
+  expect(await view.calls("setPanelOrder")).toHaveLength(1);
+});
+
 test("the overview leads to a tool and opens its panel", async () => {
-  await open({ preferences: minimised });
+  view = await open({ preferences: minimised });
   await view.page.getByRole("button", { name: /^Macro Off/ }).click();
   await view.page.locator("#panel-tracker-body").waitFor({ state: "visible" });
 });
 
 test("a detached panel leaves the page and comes back when its window has gone", async () => {
   const methods = ["detachPanel", "getTrackerStatus", "getSettings", "getAppSettings"];
-  await open({ only: [...methods, "setPanelOrder", "setAppSetting"] });
+  view = await open({ only: [...methods, "setPanelOrder", "setAppSetting"] });
   await view.page.getByRole("button", { name: "Show Key spammer in a window of its own" }).click();
   const panel = view.page.locator("#panel-keyspam");
   await panel.waitFor({ state: "hidden" });
@@ -123,7 +128,7 @@ test("a detached panel leaves the page and comes back when its window has gone",
 });
 
 test("a panel window above the page shows where it would go", async () => {
-  await open();
+  view = await open();
   await view.report({ status: { panelHover: true } });
   await view.page.getByText("Drop the panel here to put it back").waitFor();
   await view.shot("drop_target");

@@ -1,19 +1,14 @@
-import { afterAll, afterEach, beforeAll, expect, test } from "vitest";
-import { launch, View, type ViewOptions } from "./harness";
-import type { Browser, Locator } from "playwright-core";
+import { expect, test } from "vitest";
+import { useLiveViews } from "./views";
+import type { View, ViewOptions } from "./harness";
+import type { Locator } from "playwright-core";
 
-let browser: Browser;
+const open = useLiveViews({ height: 900 });
 let view: View;
 let panel: Locator;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
-});
 
-async function open(options: ViewOptions = {}): Promise<void> {
-  view = await View.open(browser, { height: 900, ...options });
+async function show(options: ViewOptions = {}): Promise<void> {
+  view = await open(options);
   panel = view.page.locator("#panel-profile");
   await panel.getByText("in use", { exact: true }).waitFor();
 }
@@ -21,7 +16,7 @@ async function open(options: ViewOptions = {}): Promise<void> {
 const two = { profiles: ["Default Tracking Profile", "Fishing"], current: 1 };
 
 test("a profile is added with the name as typed, without what a value cannot carry", async () => {
-  await open();
+  await show();
   const field = panel.getByLabel("Name of the new profile");
   await field.pressSequentially('My ["best\\"] run, v2');
   expect(await field.inputValue()).toBe("My best run, v2");
@@ -32,19 +27,19 @@ test("a profile is added with the name as typed, without what a value cannot car
 });
 
 test("a blank name adds nothing", async () => {
-  await open();
+  await show();
   await panel.getByLabel("Name of the new profile").fill("   ");
   expect(await panel.getByRole("button", { name: "Add" }).isDisabled()).toBe(true);
 });
 
 test("a full list says so", async () => {
-  await open({ profiles: ["Default Tracking Profile", "A", "A"] });
+  await show({ profiles: ["Default Tracking Profile", "A", "A"] });
   await panel.getByText("All 3 profiles are in use. Delete one to add another.").waitFor();
   expect(await panel.getByLabel("Name of the new profile").count()).toBe(0);
 });
 
 test("switching shows the settings of the other profile", async () => {
-  await open(two);
+  await show(two);
   await panel.getByText("Default Tracking Profile").click();
   await expect.poll(() => view.calls("switchProfile")).toEqual([[0]]);
   await panel.locator(".current", { hasText: "Default Tracking Profile" }).waitFor();
@@ -53,7 +48,7 @@ test("switching shows the settings of the other profile", async () => {
 });
 
 test("a switch that the program refuses is told and undone", async () => {
-  await open(two);
+  await show(two);
   await view.page.evaluate(() => {
     (window as unknown as Record<string, unknown>)["switchProfile"] = async () => "";
   });
@@ -63,7 +58,7 @@ test("a switch that the program refuses is told and undone", async () => {
 });
 
 test("the default profile is cleared after a question and never deleted", async () => {
-  await open({ ...two, current: 0, status: { count: 12 } });
+  await show({ ...two, current: 0, status: { count: 12 } });
   expect(await panel.getByRole("button", { name: "Delete this profile…" }).count()).toBe(0);
   await panel.getByRole("button", { name: "Clear this profile…" }).click();
   await panel.getByText("Clear “Default Tracking Profile”?").waitFor();
@@ -78,7 +73,7 @@ test("the default profile is cleared after a question and never deleted", async 
 });
 
 test("another profile is deleted after a question", async () => {
-  await open(two);
+  await show(two);
   await panel.getByRole("button", { name: "Delete this profile…" }).click();
   await panel.getByText("Delete “Fishing”?").waitFor();
   await panel.getByRole("button", { name: "Delete profile", exact: true }).click();
@@ -87,13 +82,13 @@ test("another profile is deleted after a question", async () => {
 });
 
 test("the last profile can be cleared only", async () => {
-  await open({ profiles: ["Fishing"] });
+  await show({ profiles: ["Fishing"] });
   expect(await panel.getByRole("button", { name: "Delete this profile…" }).count()).toBe(0);
   expect(await panel.getByRole("button", { name: "Clear this profile…" }).count()).toBe(1);
 });
 
 test("profiles rest while a macro plays or is recorded", async () => {
-  await open({ ...two, status: { state: "Playing" } });
+  await show({ ...two, status: { state: "Playing" } });
   await panel.getByText("Stop the macro to change profiles.").waitFor();
   expect(await panel.getByRole("radio", { name: "Fishing" }).isDisabled()).toBe(true);
   await view.report({ status: { state: "Recording" } });

@@ -1,21 +1,15 @@
-import { afterAll, afterEach, beforeAll, expect, test } from "vitest";
-import { launch, View, type ViewOptions } from "./harness";
-import type { Browser, Locator } from "playwright-core";
+import { expect, test } from "vitest";
+import { useLiveViews } from "./views";
+import type { View, ViewOptions } from "./harness";
+import type { Locator } from "playwright-core";
 
-let browser: Browser;
+const open = useLiveViews({ height: 900 });
 let view: View;
 let panel: Locator;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-afterEach(async () => {
-  expect(view.errors).toEqual([]);
-  await view.close();
-});
 
-async function open(options: ViewOptions = {}): Promise<void> {
-  view = await View.open(browser, { height: 900, ...options });
+async function show(options: ViewOptions = {}): Promise<void> {
+  view = await open(options);
   panel = view.page.locator("#panel-ui");
-  await view.page.locator(".bar ul").waitFor();
 }
 
 test.each([
@@ -28,7 +22,7 @@ test.each([
   ["No animations", "disableAnimations", "1"],
   ["Show warnings", "showWarnings", "0"],
 ])("the switch “%s” sets %s to %s", async (name, key, value) => {
-  await open();
+  await show();
   const control = panel.getByRole("switch", { name });
   await control.focus();
   await control.press("Space");
@@ -37,21 +31,21 @@ test.each([
 });
 
 test("saved switches show at start", async () => {
-  await open({ preferences: { alwaysOnTop: true, showWarnings: false } });
+  await show({ preferences: { alwaysOnTop: true, showWarnings: false } });
   const checked = (name: string) => panel.getByRole("switch", { name }).isChecked();
   await expect.poll(() => checked("Keep the window on top")).toBe(true);
   expect(await checked("Show warnings")).toBe(false);
 });
 
 test("a switch that the program refuses goes back", async () => {
-  await open({ rejecting: ["setAppSetting"] });
+  await show({ rejecting: ["setAppSetting"] });
   const control = panel.getByRole("switch", { name: "Keep the window on top" });
   await control.click();
   await expect.poll(() => control.isChecked()).toBe(false);
 });
 
 test("switched off animations stay still", async () => {
-  await open({ preferences: { disableAnimations: true }, status: { autoClicking: true } });
+  await show({ preferences: { disableAnimations: true }, status: { autoClicking: true } });
   const dot = view.page.locator(".bar .dot").first();
   await expect
     .poll(() => dot.evaluate((element) => getComputedStyle(element).animationName))
@@ -59,7 +53,7 @@ test("switched off animations stay still", async () => {
 });
 
 test("hotkeys that are off are told and can be switched on", async () => {
-  await open({ preferences: { hotkeysEnabled: false } });
+  await show({ preferences: { hotkeysEnabled: false } });
   await view.page.getByText("Hotkeys are off.").waitFor();
   await view.shot("hotkeys_off");
   await view.page.getByRole("button", { name: "Turn on" }).click();
@@ -67,7 +61,7 @@ test("hotkeys that are off are told and can be switched on", async () => {
 });
 
 test("a warning that is not wanted any more stays away", async () => {
-  await open({ preferences: { hotkeysEnabled: false } });
+  await show({ preferences: { hotkeysEnabled: false } });
   const warning = view.page.getByText("Once it runs, only the stop button here stops it.");
   await warning.first().waitFor();
   await view.page.getByRole("button", { name: "Don’t show again" }).first().click();
@@ -76,32 +70,31 @@ test("a warning that is not wanted any more stays away", async () => {
 });
 
 test("all hotkeys can be put back", async () => {
-  await open({ status: { hkAuto: "Middle Mouse", hkUnlock: "F1" } });
+  await show({ status: { hkAuto: "Middle Mouse", hkUnlock: "F1" } });
   await view.page.getByText("Middle Mouse starts").waitFor();
   await panel.getByRole("button", { name: "Reset hotkeys" }).click();
   await view.page.getByText("F6 starts").waitFor();
 });
 
 test("links are opened by the program", async () => {
-  await open();
+  await show();
   await panel.getByRole("button", { name: "Documentation" }).click();
   await panel.getByRole("button", { name: "Community chat" }).click();
   await expect.poll(() => view.calls("openLink")).toEqual([["docs"], ["discord"]]);
 });
 
 test("a chosen theme shows at once and is there at the next start", async () => {
-  await open();
+  await show();
   await panel.getByLabel("Theme").selectOption("daylight");
   await expect.poll(() => view.page.evaluate(() => window.currentThemeKey)).toBe("daylight");
   const kept = (await view.program()).preferences["seenWarnings"];
-  await view.close();
-  await open({ preferences: { seenWarnings: kept } });
+  await show({ preferences: { seenWarnings: kept } });
   await expect.poll(() => panel.getByLabel("Theme").inputValue()).toBe("daylight");
   expect(await view.page.evaluate(() => document.documentElement.dataset["theme"])).toBe("daylight");
 });
 
 test("the program can set a theme, and an unknown one is the default", async () => {
-  await open();
+  await show();
   await view.page.evaluate(() => window.applyTheme?.("contrast"));
   expect(await view.page.evaluate(() => window.currentThemeKey)).toBe("contrast");
   await view.page.evaluate(() => window.applyTheme?.("no such theme"));

@@ -1,17 +1,8 @@
-import { afterAll, beforeAll, expect, test } from "vitest";
-import { launch, View } from "./harness";
-import type { Browser } from "playwright-core";
+import { expect, test } from "vitest";
+import { useLiveViews } from "./views";
 
-// What the tools do to the page itself when it is in front.
-let browser: Browser;
-beforeAll(async () => void (browser = await launch()));
-afterAll(() => browser.close());
-
-async function open(options = {}): Promise<View> {
-  const view = await View.open(browser, options);
-  await view.page.getByText("Hotkeys ready").waitFor();
-  return view;
-}
+// What the tools would do to the page itself when it is in front.
+const open = useLiveViews();
 
 test("the clicks at the cursor do not stop the clicker that was started with the mouse", async () => {
   const view = await open();
@@ -23,7 +14,6 @@ test("the clicks at the cursor do not stop the clicker that was started with the
   await view.page.mouse.move(200, 500);
   await stop.click();
   await expect.poll(() => view.calls("stopSpammer")).toHaveLength(1);
-  await view.close();
 });
 
 test("clicks at the cursor change no setting on their way", async () => {
@@ -33,14 +23,12 @@ test("clicks at the cursor change no setting on their way", async () => {
   await view.page.mouse.click(at.x + at.width / 2, at.y + at.height / 2);
   await view.page.waitForTimeout(500);
   expect(await view.calls("updateSpammer")).toHaveLength(0);
-  await view.close();
 });
 
 test("a slow clicker leaves the page to its user", async () => {
   const view = await open({ status: { autoClicking: true }, settings: { ss: 5 } });
   await view.page.getByText("Middle", { exact: true }).click();
   await expect.poll(() => view.calls("updateSpammer")).toEqual([["0,0,5,5,2,0,1,10,0"]]);
-  await view.close();
 });
 
 test("a clicker at a fixed point is stopped with the button that started it", async () => {
@@ -48,7 +36,6 @@ test("a clicker at a fixed point is stopped with the button that started it", as
   await view.page.getByRole("button", { name: "Start clicking" }).click();
   await view.page.getByRole("button", { name: "Stop clicking" }).click();
   await expect.poll(() => view.calls("stopSpammer")).toHaveLength(1);
-  await view.close();
 });
 
 test("the pressed keys do not operate the page", async () => {
@@ -63,5 +50,4 @@ test("the pressed keys do not operate the page", async () => {
   expect(await view.calls("updateKeySpam")).toHaveLength(0);
   await view.page.getByRole("button", { name: "Stop pressing" }).press("Enter");
   await expect.poll(() => view.calls("stopKeySpam")).toHaveLength(1);
-  await view.close();
 });
