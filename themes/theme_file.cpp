@@ -3,6 +3,18 @@
 #include <fstream>
 
 namespace ravelin {
+namespace {
+
+// A folder can be opened away from Windows, but not be read.
+bool canBeRead(std::ifstream& file) {
+    if (!file) return false;
+    file.peek();
+    const bool readable = !file.bad();
+    file.clear();
+    return readable;
+}
+
+}  // namespace
 
 std::string readThemeText(std::istream& in, std::string& text) {
     in.seekg(0, std::ios::end);
@@ -19,7 +31,7 @@ bool readThemeFile(const std::string& path, ThemeRecord& out, std::string* error
                    std::int32_t* pieceCount, bool* hasFont) {
     std::string text;
     std::ifstream file(path, std::ios::binary);
-    std::string problem = file ? readThemeText(file, text) : "could not open file";
+    std::string problem = canBeRead(file) ? readThemeText(file, text) : "could not open file";
     if (!problem.empty()) {
         if (error) *error = std::move(problem);
         if (pieceCount) *pieceCount = 0;

@@ -101,6 +101,8 @@ TEST(JsonLookUp, FindsNothingInATextThatIsNoObject) {
                                         "{\"k\":\"v\",\"l\":\"\\u12g4\"}",
                                         "{\"k\":\"v\",\"l\":\"\t\"}",
                                         "{\"k\":\"v\",\"l\":NaN}",
+                                        "{\"k\":\"v\",\"l\":1e309}",
+                                        "{\"k\":\"v\",\"l\":\"\\ud83d\"}",
                                         "{\"k\":\"v\",/**/\"l\":1}",
                                         "\xEF\xBB\xBF{\"k\":\"v\"}"})
         EXPECT_EQ(valueOf(text, "k"), "") << text;

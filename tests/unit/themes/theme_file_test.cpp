@@ -48,6 +48,8 @@ TEST_F(ThemeFile, ThatCannotBeOpenedIsRejected) {
     EXPECT_EQ(verdict(read()), "could not open file");
     path = folder.file("missing") + "/theme.json";
     EXPECT_EQ(verdict(read()), "could not open file");
+    path = folder.path();
+    EXPECT_EQ(verdict(read()), "could not open file");
 }
 
 TEST_F(ThemeFile, ThatIsEmptyIsRejected) {
