@@ -1,6 +1,7 @@
 // The table behind child_panels.h. For the Windows half only.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -9,7 +10,7 @@
 namespace ravelin {
 
 // Guarded by profileMutex.
-using ChildPanelTable = std::map<std::string, ProcessHandle>;
+using ChildPanelTable = std::map<std::string, ProcessHandle, std::less<>>;
 ChildPanelTable& childPanelTable();
 
 }  // namespace ravelin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ravelin {
@@ -10,6 +11,13 @@ namespace ravelin {
 // those panels again; each is reported once. When there is one, the panel-hover state is cleared.
 // Takes profileMutex, which guards the table.
 std::vector<std::string> collectEndedPanels();
+
+// Whether a process shows the panel, or has ended since the last collection.
+bool isPanelOut(std::string_view panelId);
+
+// Starts this executable with the arguments as the process that shows the panel; false when it
+// cannot be started. Takes profileMutex for the entry alone.
+bool startChildPanel(const std::string& panelId, const std::string& arguments);
 
 // Ends every child process with exit code 0 and empties the table.
 void endAllChildPanels();

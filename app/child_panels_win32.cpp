@@ -1,11 +1,38 @@
+#include <array>
 #include <mutex>
+#include <utility>
 
 #include "app/child_panel_table.h"
 #include "app/child_panels.h"
 #include "input/engine_state.h"
 #include "persistence/profiles.h"
+#include "support/utf.h"
 
 namespace ravelin {
+namespace {
+
+// Empty when it does not fit.
+std::wstring ownExecutable() {
+    std::array<wchar_t, MAX_PATH> path{};
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), MAX_PATH);
+    return length < MAX_PATH ? std::wstring(path.data(), length) : std::wstring();
+}
+
+ProcessHandle startOwnExecutable(const std::string& arguments) {
+    const std::wstring program = ownExecutable();
+    if (program.empty()) return {};
+    std::wstring line = L'"' + program + L"\" " + widen(arguments);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION created{};
+    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                       &start, &created) == 0)
+        return {};
+    const KernelHandle thread(created.hThread);
+    return ProcessHandle(created.hProcess);
+}
+
+}  // namespace
 
 ChildPanelTable& childPanelTable() {
     static ChildPanelTable table;
@@ -24,6 +51,19 @@ std::vector<std::string> collectEndedPanels() {
     });
     if (!ended.empty()) engine.panelHover.exchange(false);
     return ended;
+}
+
+bool isPanelOut(std::string_view panelId) {
+    const std::lock_guard lock(profileMutex);
+    return childPanelTable().contains(panelId);
+}
+
+bool startChildPanel(const std::string& panelId, const std::string& arguments) {
+    ProcessHandle process = startOwnExecutable(arguments);
+    if (!process) return false;
+    const std::lock_guard lock(profileMutex);
+    childPanelTable().insert_or_assign(panelId, std::move(process));
+    return true;
 }
 
 void endAllChildPanels() {

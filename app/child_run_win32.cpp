@@ -1,9 +1,111 @@
+#include <windows.h>
+
+#include <optional>
+#include <utility>
+
+#include "app/browser_settings.h"
+#include "app/child_command_line.h"
+#include "app/child_methods.h"
+#include "app/child_window_win32.h"
+#include "app/main_view.h"
+#include "app/page_binding.h"
+#include "app/page_file.h"
+#include "app/panel_script.h"
+#include "app/pipe_client.h"
+#include "app/program_folder.h"
 #include "app/run_modes.h"
+#include "app/saved_state.h"
+#include "app/window_titles.h"
+#include "app/windows_win32.h"
+#include "persistence/data_folder.h"
+#include "persistence/legacy_files.h"
+#include "support/utf.h"
 
 namespace ravelin {
+namespace {
 
-// No panel can be torn off yet, so there is none to show.
-int runChildPanel(const std::string& /*rawCommandLine*/) {
+void migrateFiles() {
+    migrateLegacyFile(dataFile("theme.txt"), "theme.txt");
+    migrateLegacyFile(dataFile("appsettings.txt"), "appsettings.txt");
+}
+
+// The process's one panel, from its window to the end of its message loop.
+class ChildPanel {
+  public:
+    ChildPanel(WebView& view, const ChildFields& fields)
+        : view_(view), status_(dataFile("status.txt")), settings_(dataFile("session.dat")) {
+        const std::string title = std::string(panelTitlePrefix) + ansiToUtf8(fields.title);
+        view_.setTitle(title);
+        view_.setSize(childWidth, childHeight);
+        const auto window = static_cast<HWND>(view_.window());
+        setWindowIcons(window);
+        restrictBrowser(view_.browserController());
+        std::optional<platform::Point> corner;
+        if (fields.tornOffAt) corner = windowCorner(*fields.tornOffAt);
+        window_.emplace(window, corner, events());
+        bindPageMethods(view_, childPageMethods(services()));
+        showPage(fields);
+    }
+
+  private:
+    PanelWindowEvents events() {
+        return {
+            .hover = [](bool over) { sendToMainProcess("panelHover", over ? "1" : "0"); },
+            .dockBack = [this] { view_.terminate(); },
+        };
+    }
+
+    ChildServices services() {
+        return {
+            .forward = sendToMainProcess,
+            .resizeWindow =
+                [this](std::int32_t width, std::int32_t height) {
+                    resizeWindow(static_cast<HWND>(view_.window()), width, height,
+                                 [this](std::int32_t w, std::int32_t h) {
+                                     view_.setSize(w, h);
+                                     window_->keepFrameless(w, h);
+                                 });
+                },
+            .beginDrag = [this] { window_->beginDrag(); },
+            .close = [this] { view_.terminate(); },
+            .savedStatus = [this] { return mainWindowIsThere() ? status_.read() : std::string(); },
+            .savedSettings = [this] { return settings_.read(); },
+        };
+    }
+
+    // A status that nobody writes any more would be shown as if it still held.
+    static bool mainWindowIsThere() { return findWindowByTitle(mainWindowTitle) != nullptr; }
+
+    void showPage(const ChildFields& fields) {
+        const auto folder = programFolder();
+        auto page = readPage(folder);
+        if (!page) {
+            view_.setHtml("<h2>Error loading UI in child process</h2>");
+            return;
+        }
+        view_.setHtml(assemblePage(
+            withPanelScript(std::move(*page), fields.panelId, fields.themeKey), folder));
+    }
+
+    WebView& view_;
+    SavedStatus status_;
+    SavedSettings settings_;
+    std::optional<ChildWindow> window_;
+};
+
+}  // namespace
+
+int runChildPanel(const std::string& rawCommandLine) {
+    migrateFiles();
+    auto [view, failure] = WebView::create();
+    if (!view) {
+        showMissingEquipment(failure);
+        return 1;
+    }
+    const ChildPanel panel(*view, readChildFields(rawCommandLine));
+    view->run();
+    // Calls of the page that are still on their way reach the panel until the view is gone.
+    view.reset();
     return 0;
 }
 

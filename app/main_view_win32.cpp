@@ -4,6 +4,7 @@
 
 #include "app/browser_settings.h"
 #include "app/child_panels.h"
+#include "app/detach_panel.h"
 #include "app/main_view.h"
 #include "app/main_window_win32.h"
 #include "app/page_binding.h"
@@ -17,6 +18,7 @@
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "persistence/app_settings.h"
+#include "persistence/session_file.h"
 #include "product.h"
 #include "support/utf.h"
 
@@ -37,6 +39,12 @@ MainWindowServices services(WebView& view) {
         .collectEndedPanels = collectEndedPanels,
         .writeStatusFile = writeStatusFile,
         .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
+        .detachPanel =
+            [](const std::string& args) {
+                return detachPanel(
+                    args,
+                    {.isOut = isPanelOut, .saveSession = saveSession, .start = startChildPanel});
+            },
     };
 }
 

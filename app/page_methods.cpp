@@ -57,6 +57,13 @@ Call trackerStatus(const MainWindowServices& services) {
     };
 }
 
+Call detach(const MainWindowServices& services) {
+    return [detachPanel = services.detachPanel](const std::string& args) {
+        const std::string message = detachPanel(args);
+        return message.empty() ? std::string() : jsonQuote(message);
+    };
+}
+
 }  // namespace
 
 PageReply callPageMethod(const PageMethod& method, const std::string& args) {
@@ -103,6 +110,7 @@ std::vector<PageMethod> mainPageMethods(const MainWindowServices& services) {
         {"startUpdate", {}, services.startUpdate},
         {"getSettings", [](const std::string&) { return getSettings(); }, {}},
         {"reassignKey", flattened([](const std::string& slot) { reassignKey(slot); }), {}},
+        {"detachPanel", detach(services), {}},
     };
 }
 

@@ -36,6 +36,8 @@ struct MainWindowServices {
     std::function<std::vector<std::string>()> collectEndedPanels;
     std::function<void(const std::string& status)> writeStatusFile;
     std::function<void(const std::string& callId)> startUpdate;
+    // Puts the panel into a window of its own; the answer is empty or a message for the user.
+    std::function<std::string(const std::string& args)> detachPanel;
 };
 
 // The methods of the main window in the order in which they are bound.

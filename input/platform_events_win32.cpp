@@ -4,6 +4,7 @@
 #include <array>
 
 #include "input/platform.h"
+#include "input/platform_events_win32.h"
 #include "support/win32_handles.h"
 
 namespace ravelin::platform {
@@ -18,6 +19,10 @@ HANDLE handleOf(Event event) {
 }
 
 }  // namespace
+
+HANDLE quitEvent() {
+    return handleOf(Event::quit);
+}
 
 bool createEvents() {
     for (std::size_t i = 0; i < events.size(); ++i) {

@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "input/platform.h"
-#include "support/process_image.h"
+#include "support/own_executable.h"
 
 namespace ravelin::platform {
 
@@ -11,7 +11,7 @@ bool isOwnWindowAt(Point point) {
     DWORD processId = 0;
     if (root == nullptr || GetWindowThreadProcessId(root, &processId) == 0) return false;
     // The detached panels are processes of their own that run the same executable.
-    return processId == GetCurrentProcessId() || runsThisExecutable(processId);
+    return processId == GetCurrentProcessId() || runsOwnExecutable(processId);
 }
 
 }  // namespace ravelin::platform

@@ -40,6 +40,15 @@ bool deleteFile(const std::string& path) {
     return !fs::is_directory(path, error) && fs::remove(path, error);
 }
 
+std::optional<FileStamp> fileStamp(const std::string& path) {
+    std::error_code noTime;
+    std::error_code noLength;
+    const auto written = fs::last_write_time(path, noTime);
+    const auto length = fs::file_size(path, noLength);
+    if (noTime || noLength) return std::nullopt;
+    return FileStamp{written.time_since_epoch().count(), static_cast<std::int64_t>(length)};
+}
+
 std::string executablePath() {
     std::error_code error;
     return fs::read_symlink("/proc/self/exe", error).string();

@@ -3,6 +3,8 @@
 // Paths are 8-bit texts in the code page of the process. Failures are values, never exceptions.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace ravelin {
@@ -31,6 +33,16 @@ void createFolder(const std::string& path);
 bool moveFile(const std::string& from, const std::string& to);
 
 bool deleteFile(const std::string& path);
+
+// Tells one state of a file from another: when it was written last, in units of the system, and its
+// length.
+struct FileStamp {
+    std::int64_t written = 0;
+    std::int64_t length = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+// Nothing when there is no such file.
+std::optional<FileStamp> fileStamp(const std::string& path);
 
 // The full path of the running executable; empty when it cannot be told.
 std::string executablePath();

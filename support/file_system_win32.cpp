@@ -12,6 +12,10 @@ std::string textOf(const std::array<char, pathBufferSize>& buffer, DWORD length)
     return length < buffer.size() ? std::string(buffer.data(), length) : std::string();
 }
 
+std::int64_t wide(DWORD high, DWORD low) {
+    return static_cast<std::int64_t>((std::uint64_t{high} << 32) | low);
+}
+
 }  // namespace
 
 std::string environmentText(const char* name) {
@@ -36,6 +40,15 @@ bool moveFile(const std::string& from, const std::string& to) {
 
 bool deleteFile(const std::string& path) {
     return DeleteFileA(path.c_str()) != 0;
+}
+
+std::optional<FileStamp> fileStamp(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return std::nullopt;
+    return FileStamp{wide(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime),
+                     wide(data.nFileSizeHigh, data.nFileSizeLow)};
 }
 
 std::string executablePath() {

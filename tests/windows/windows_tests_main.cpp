@@ -11,12 +11,16 @@
 #include <string>
 
 #include "tests/windows/harness/child_program.h"
+#include "tests/windows/harness/pipe_clients.h"
 
 int main(int argc, char** argv) {
     int count = 0;
     const ravelin::LocalArguments arguments(CommandLineToArgvW(GetCommandLineW(), &count));
     if (count == 3 && std::wstring(arguments.get()[1]) == L"--child-window") {
         return ravelin::test::runChildProgram(arguments.get()[2]);
+    }
+    if (count == 3 && std::wstring(arguments.get()[1]) == L"--send-to-pipe") {
+        return ravelin::test::runPipeSender(arguments.get()[2]);
     }
 
     const char* folder = std::getenv("RAVELIN_TEST_RESULTS");

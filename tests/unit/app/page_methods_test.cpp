@@ -25,6 +25,10 @@ class PageMethods : public test::EngineTest {
         services_.writeStatusFile = [this](const std::string& status) {
             written_.push_back(status);
         };
+        services_.detachPanel = [this](const std::string& args) {
+            detached_.push_back(args);
+            return refusal_;
+        };
         services_.startUpdate = [this](const std::string& id) { updates_.push_back(id); };
         methods_ = mainPageMethods(services_);
     }
@@ -51,6 +55,8 @@ class PageMethods : public test::EngineTest {
     std::vector<std::string> ended_;
     std::vector<std::string> written_;
     std::vector<std::string> updates_;
+    std::vector<std::string> detached_;
+    std::string refusal_;
 };
 
 TEST_F(PageMethods, AreBoundInTheirOrder) {
@@ -82,6 +88,14 @@ TEST_F(PageMethods, RequestsAreRaisedBeforeTheCommandEventIsSet) {
         EXPECT_EQ(call(name, "[\"whatever\"]"), "") << name;
         EXPECT_EQ(seen, 1) << name;
     }
+}
+
+TEST_F(PageMethods, DetachingAPanelStandsBehindTheOthersAndAnswersTheMessage) {
+    EXPECT_EQ(methods_.back().name, "detachPanel");
+    EXPECT_EQ(call("detachPanel", "[\"a\"]"), "");
+    EXPECT_EQ(detached_, std::vector<std::string>{"[\"a\"]"});
+    refusal_ = "No \"such\" panel.";
+    EXPECT_EQ(call("detachPanel"), "\"No \\\"such\\\" panel.\"");
 }
 
 TEST_F(PageMethods, PickingALocationSetsNoEvent) {

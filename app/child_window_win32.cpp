@@ -1,0 +1,110 @@
+#include "app/child_window_win32.h"
+
+#include <commctrl.h>
+
+#include <utility>
+
+#include "app/panel_drag.h"
+#include "app/window_titles.h"
+#include "app/windows_win32.h"
+
+namespace ravelin {
+
+struct DraggedWindow {
+    HWND window = nullptr;
+    HWND mainWindow = nullptr;  // found at the beginning of the drag
+    PanelDrag drag;
+    PanelWindowEvents events;
+};
+
+namespace {
+
+constexpr UINT_PTR subclassId = 2;
+constexpr DWORD frameStyles =
+    WS_DLGFRAME | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+
+DWORD styleOf(HWND window) {
+    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+}
+
+void setFramelessStyle(HWND window) {
+    const DWORD frameless = (styleOf(window) & ~frameStyles) | WS_POPUP | WS_BORDER;
+    SetWindowLongPtrW(window, GWL_STYLE, static_cast<LONG_PTR>(frameless));
+}
+
+void follow(DraggedWindow& dragged) {
+    const auto cursor = platform::cursorPosition();
+    if (!cursor) return;
+    const auto step = dragged.drag.move(*cursor, windowRectangle(dragged.mainWindow));
+    SetWindowPos(dragged.window, nullptr, step.corner.x, step.corner.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (step.hover) dragged.events.hover(*step.hover);
+}
+
+void finish(DraggedWindow& dragged, bool released) {
+    const auto end = dragged.drag.end(released);
+    ReleaseCapture();
+    if (end.hoverEnds) dragged.events.hover(false);
+    if (end.docks) dragged.events.dockBack();
+}
+
+// Whether the message ends here.
+bool handleDrag(DraggedWindow& dragged, UINT message) {
+    if (!dragged.drag.dragging()) return false;
+    if (message == WM_MOUSEMOVE) follow(dragged);
+    if (message == WM_LBUTTONUP) finish(dragged, true);
+    if (message == WM_CAPTURECHANGED) finish(dragged, false);
+    return message == WM_MOUSEMOVE || message == WM_LBUTTONUP;
+}
+
+LRESULT CALLBACK ChildFramelessWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                       UINT_PTR id, DWORD_PTR data) noexcept {
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, ChildFramelessWndProc, id);
+    try {
+        if (handleDrag(*reinterpret_cast<DraggedWindow*>(data), message)) return 0;
+    } catch (...) {
+        // What cannot be told to the main window is lost; the drag goes on.
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+ChildWindow::ChildWindow(HWND window, std::optional<platform::Point> corner,
+                         PanelWindowEvents events)
+    : state_(std::make_unique<DraggedWindow>()) {
+    state_->window = window;
+    state_->events = std::move(events);
+    if (window == nullptr) return;
+    setFramelessStyle(window);
+    const auto at = corner.value_or(platform::Point{});
+    const UINT inPlace = corner ? 0 : SWP_NOMOVE | SWP_NOSIZE;
+    SetWindowPos(window, nullptr, at.x, at.y, childWidth, childHeight,
+                 SWP_NOZORDER | SWP_FRAMECHANGED | inPlace);
+    SetWindowSubclass(window, ChildFramelessWndProc, subclassId,
+                      reinterpret_cast<DWORD_PTR>(state_.get()));
+}
+
+ChildWindow::~ChildWindow() {
+    RemoveWindowSubclass(state_->window, ChildFramelessWndProc, subclassId);
+}
+
+void ChildWindow::beginDrag() {
+    const auto cursor = platform::cursorPosition();
+    const auto rectangle = windowRectangle(state_->window);
+    if (!cursor || !rectangle) return;
+    state_->mainWindow = findWindowByTitle(mainWindowTitle);
+    state_->drag.begin(*cursor, *rectangle);
+    SetCapture(state_->window);
+}
+
+void ChildWindow::keepFrameless(std::int32_t width, std::int32_t height) {
+    if (state_->window == nullptr) return;
+    setFramelessStyle(state_->window);
+    RECT outer{0, 0, width, height};
+    AdjustWindowRectEx(&outer, styleOf(state_->window), FALSE, 0);
+    SetWindowPos(state_->window, nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+}  // namespace ravelin

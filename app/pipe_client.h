@@ -1,0 +1,12 @@
+// A child panel's end of the pipe to the main process.
+#pragma once
+
+#include <string_view>
+
+namespace ravelin {
+
+// Sends one message over a connection of its own. Silent: without a main process, or when another
+// executable owns the pipe, the message is dropped. Blocks for the moment of the transfer.
+void sendToMainProcess(std::string_view method, std::string_view value);
+
+}  // namespace ravelin

@@ -1,0 +1,204 @@
+// The real server against clients of every kind.
+#include "app/pipe_server.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "app/pipe_client.h"
+#include "app/pipe_message.h"
+#include "input/engine_state.h"
+#include "input/platform.h"
+#include "input/tool_settings.h"
+#include "tests/windows/harness/child_program.h"
+#include "tests/windows/harness/engine_fixture.h"
+#include "tests/windows/harness/eventually.h"
+#include "tests/windows/harness/foreign_program.h"
+#include "tests/windows/harness/pipe_clients.h"
+
+namespace ravelin {
+namespace {
+
+using namespace std::string_view_literals;
+using test::eventually;
+using test::openPipeToWrite;
+using test::writeMessage;
+
+class PipeServer : public test::EngineTest {
+  protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        engine.running.exchange(true);
+        engine.panelHover.exchange(false);
+        requests.clickerStart.exchange(0);
+        server_ = std::thread([this] {
+            runPipeServer();
+            ended_.exchange(true);
+        });
+        ASSERT_TRUE(eventually([] { return bool{openPipeToWrite()}; }));
+    }
+    void TearDown() override {
+        if (server_.joinable()) quit();
+        engine.running.exchange(true);
+        EngineTest::TearDown();
+    }
+
+    // As the program does at its end.
+    void quit() {
+        engine.running.exchange(false);
+        platform::signal(platform::Event::quit);
+        server_.join();
+    }
+
+    static bool hovers() {
+        return eventually([] { return engine.panelHover.load(); });
+    }
+    // A message that was sent before this one has been dealt with when this has taken effect.
+    static void expectThatTheServerServes() {
+        engine.panelHover.exchange(false);
+        sendToMainProcess("panelHover", "1");
+        EXPECT_TRUE(hovers());
+    }
+
+    std::thread server_;
+    std::atomic<bool> ended_{false};
+};
+
+TEST_F(PipeServer, ServesThisExecutable) {
+    sendToMainProcess("updateSpammer", "1,2,3,4,1,1,0,7,1");
+    EXPECT_TRUE(eventually([] { return toolSettings.locMode.load() == 1; }));
+    EXPECT_EQ(toolSettings.sh.load(), 1);
+    EXPECT_FALSE(ipcUnavailable.load());
+}
+
+TEST_F(PipeServer, ServesAnotherProcessOfThisExecutable) {
+    EXPECT_EQ(test::sendFromAnotherProcess(test::ownPath(), L"panelHover|1"), 0U);
+    EXPECT_TRUE(hovers());
+}
+
+TEST_F(PipeServer, NeverReadsFromACopyInAnotherFolder) {
+    const test::ForeignProgram foreign;
+    ASSERT_NE(test::sendFromAnotherProcess(foreign.path(), L"startSpammer|"), MAXDWORD);
+    expectThatTheServerServes();
+    EXPECT_EQ(requests.clickerStart.load(), 0);
+}
+
+TEST_F(PipeServer, AConnectionCarriesAnyNumberOfMessages) {
+    const auto pipe = openPipeToWrite();
+    for (int i = 1; i <= 100; ++i)
+        ASSERT_TRUE(writeMessage(pipe, "updateKeySpam|0,0,0," + std::to_string(i) + ",1,10"));
+    EXPECT_TRUE(eventually([] { return toolSettings.ksms.load() == 100; }));
+}
+
+TEST_F(PipeServer, MessagesWithoutSenseAreDroppedAndTheConnectionLives) {
+    const auto pipe = openPipeToWrite();
+    const std::string_view messages[] = {"startSpammer",
+                                         "|",
+                                         "\0\0\0"sv,
+                                         "startSpammer\0|"sv,
+                                         "nothing|1",
+                                         "updateSpammer|1,2,x,4,0,0,1,10,0",
+                                         "updateSpammer|99999999999,0,0,0,0,0,0,0,0",
+                                         "removeKeySpamTarget|x",
+                                         "\xFF\xFE|\x80"};
+    for (const auto message : messages)
+        ASSERT_TRUE(writeMessage(pipe, message));
+    ASSERT_TRUE(writeMessage(pipe, "panelHover|1"));
+    EXPECT_TRUE(hovers());
+    EXPECT_EQ(requests.clickerStart.load(), 0);
+}
+
+TEST_F(PipeServer, AnEmptyMessageIsDropped) {
+    {
+        const auto pipe = openPipeToWrite();
+        writeMessage(pipe, "");
+    }
+    expectThatTheServerServes();
+}
+
+TEST_F(PipeServer, AMessageIsAWriteAndHalvesAreNotPutTogether) {
+    const auto pipe = openPipeToWrite();
+    ASSERT_TRUE(writeMessage(pipe, "startSp"));
+    ASSERT_TRUE(writeMessage(pipe, "ammer|"));
+    ASSERT_TRUE(writeMessage(pipe, "panelHover|1"));
+    EXPECT_TRUE(hovers());
+    EXPECT_EQ(requests.clickerStart.load(), 0);
+}
+
+TEST_F(PipeServer, AnOversizedMessageIsCutAndItsRestIsNoMessage) {
+    const auto pipe = openPipeToWrite();
+    // The value ends with the byte 511; what stands behind would start the clicker.
+    std::string message = "updateKeySpam|0,0,0,77,1,";
+    message.resize(pipeMessageLimit, '1');
+    message.replace(message.size() - 3, 3, ",12");
+    ASSERT_TRUE(writeMessage(pipe, message + "startSpammer|"));
+    for (const std::size_t size : {512U, 1024U, 70'000U})
+        ASSERT_TRUE(writeMessage(pipe, "updateKeySpam|" + std::string(size, '0')));
+    ASSERT_TRUE(writeMessage(pipe, "panelHover|1"));
+    EXPECT_TRUE(hovers());
+    EXPECT_EQ(requests.clickerStart.load(), 0);
+}
+
+TEST_F(PipeServer, SurvivesTenThousandQuickConnections) {
+    for (int i = 0; i < 10'000; ++i) {
+        const auto pipe = openPipeToWrite();
+        ASSERT_TRUE(pipe) << i;
+        if (i % 3 == 0) writeMessage(pipe, "panelHover|");
+    }
+    expectThatTheServerServes();
+}
+
+TEST_F(PipeServer, OneClientAfterAnotherIsServedWhenManyComeAtOnce) {
+    std::vector<std::thread> clients;
+    std::atomic<int> sent{0};
+    for (int c = 0; c < 4; ++c)
+        clients.emplace_back([&sent] {
+            for (int i = 0; i < 50; ++i) {
+                const auto pipe = openPipeToWrite();
+                if (pipe && writeMessage(pipe, "setKeySpamChordMode|1")) ++sent;
+            }
+        });
+    for (auto& client : clients)
+        client.join();
+    EXPECT_EQ(sent.load(), 200);
+    EXPECT_TRUE(eventually([] { return keySpamTargets.chord.load(); }));
+    keySpamTargets.chord.exchange(false);
+}
+
+TEST_F(PipeServer, EndsAtOnceWithoutAClient) {
+    quit();
+    EXPECT_TRUE(ended_.load());
+}
+
+TEST_F(PipeServer, EndsAtOnceWithAClientThatNeverCloses) {
+    const auto silent = openPipeToWrite();
+    ASSERT_TRUE(writeMessage(silent, "panelHover|1"));
+    ASSERT_TRUE(hovers());
+    quit();
+    EXPECT_TRUE(ended_.load());
+}
+
+TEST_F(PipeServer, EndsAtOnceWithAClientThatNeverSaysAnything) {
+    const auto silent = openPipeToWrite();
+    ASSERT_TRUE(silent);
+    quit();
+    EXPECT_TRUE(ended_.load());
+}
+
+TEST_F(PipeServer, NobodyReadsFromThePipe) {
+    const FileHandle reader(
+        CreateFileW(pipeName, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_FALSE(reader);
+}
+
+TEST_F(PipeServer, WithoutAServerAMessageIsDropped) {
+    quit();
+    sendToMainProcess("panelHover", "1");
+    EXPECT_FALSE(engine.panelHover.load());
+}
+
+}  // namespace
+}  // namespace ravelin
