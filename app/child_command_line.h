@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "input/platform.h"
+#include "themes/theme_key.h"
 
 namespace ravelin {
 
@@ -16,7 +17,7 @@ struct ChildFields {
     std::string panelId;
     // Where on the screen the panel was torn off.
     std::optional<platform::Point> tornOffAt;
-    std::string themeKey = "ravelin";
+    std::string themeKey = defaultThemeKey;
     bool operator==(const ChildFields&) const = default;
 };
 
