@@ -35,10 +35,12 @@ export function dataFolder() {
 
 /** Every program started from here on shares one desktop, so that focus and hooks work across them. */
 export function useVirtualDesktop() {
-    const set = (key, name, value) =>
-        execFileSync('wine', ['reg', 'add', key, '/v', name, '/d', value, '/f'], { env: environment, stdio: 'ignore' });
+    const set = (key, name, value, type = 'REG_SZ') =>
+        execFileSync('wine', ['reg', 'add', key, '/v', name, '/t', type, '/d', value, '/f'], { env: environment, stdio: 'ignore' });
     set('HKCU\\Software\\Wine\\Explorer', 'Desktop', desktop);
     set('HKCU\\Software\\Wine\\Explorer\\Desktops', desktop, '1280x1000');
+    // A crash ends the process; nobody is there to close a dialog.
+    set('HKCU\\Software\\Wine\\WineDbg', 'ShowCrashDialog', '0', 'REG_DWORD');
 }
 
 /**

@@ -4,6 +4,7 @@
 //   window_tool.exe state TITLE          one line of JSON about the window
 //   window_tool.exe text TITLE           the texts of its child windows, as in a message box
 //   window_tool.exe close|minimize|restore|maximize TITLE
+//   window_tool.exe crash TITLE          makes the process of the window fail as a bug would
 //   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
 //
 // A title matches from its beginning. Exit code 1 when there is no such window.
@@ -11,6 +12,7 @@
 // Wants windows.h first.
 #include <shellapi.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -75,6 +77,18 @@ int number(const wchar_t* text) {
     return static_cast<int>(std::wcstol(text, nullptr, 10));
 }
 
+// A thread that begins at an address where no code can be.
+void crash(HWND window) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    const HANDLE process = OpenProcess(PROCESS_ALL_ACCESS, FALSE, id);
+    if (process == nullptr) return;
+    const auto nowhere = reinterpret_cast<LPTHREAD_START_ROUTINE>(std::uintptr_t{16});
+    const HANDLE thread = CreateRemoteThread(process, nullptr, 0, nowhere, nullptr, 0, nullptr);
+    if (thread != nullptr) CloseHandle(thread);
+    CloseHandle(process);
+}
+
 int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) {
     if (command == L"state") {
         printState(window);
@@ -88,6 +102,8 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
         ShowWindow(window, SW_RESTORE);
     } else if (command == L"maximize") {
         ShowWindow(window, SW_MAXIMIZE);
+    } else if (command == L"crash") {
+        crash(window);
     } else if (command == L"move" && count > 6) {
         MoveWindow(window, number(arguments[3]), number(arguments[4]), number(arguments[5]),
                    number(arguments[6]), TRUE);
