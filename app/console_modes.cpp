@@ -1,11 +1,13 @@
 #include "app/console_modes.h"
 
+#include <cstdint>
 #include <string>
 
 #include "persistence/macro_file.h"
 #include "persistence/profiles.h"
 #include "scanner/report.h"
 #include "scanner/scan.h"
+#include "themes/theme_file.h"
 
 namespace ravelin {
 namespace {
@@ -21,6 +23,20 @@ int selfTestUpdate(const std::string& path, const UpdateSelfTest& selfTest, std:
     std::fprintf(out, "%sSELFTEST-UPDATE: %s\n", report.c_str(),
                  passed ? "ALL PASS" : "FAILURES ABOVE");
     return passed ? 0 : 1;
+}
+
+int validateTheme(const std::string& path, std::FILE* out) {
+    ThemeRecord theme;
+    std::string error;
+    std::int32_t pieces = 0;
+    bool hasFont = false;
+    if (!readThemeFile(path, theme, &error, &pieces, &hasFont)) return reject(out, error);
+    if (theme.hasSkin) {
+        std::fprintf(out, "OK skin %d pieces%s\n", pieces, hasFont ? " +font" : "");
+    } else {
+        std::fprintf(out, "OK colours\n");
+    }
+    return 0;
 }
 
 int validateMacro(const std::string& path, std::FILE* out) {
@@ -44,7 +60,7 @@ int runConsoleMode(const Switches& switches, const UpdateSelfTest& updateSelfTes
         case ConsoleMode::selfTestUpdate:
             return selfTestUpdate(*switches.selfTestUpdate, updateSelfTest, out);
         case ConsoleMode::validateTheme:
-            return reject(out, "This version cannot check themes.");
+            return validateTheme(*switches.validateTheme, out);
         case ConsoleMode::validateMacro:
             return validateMacro(*switches.validateMacro, out);
         case ConsoleMode::scanMacro:

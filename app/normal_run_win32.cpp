@@ -29,6 +29,7 @@
 #include "persistence/legacy_files.h"
 #include "persistence/profiles.h"
 #include "persistence/session_file.h"
+#include "themes/theme_key.h"
 #include "updater/stale_folders.h"
 #include "updater/update_check.h"
 
@@ -63,6 +64,7 @@ void loadPreferences() {
     appSettingEffects.launchOnStartup = setLaunchAtLogOn;
     loadAppSettings();
     setLaunchAtLogOn(appSettings.launchOnStartup);
+    currentThemeKey = readThemeKey(dataFile("theme.txt"));
 }
 
 // Asked for a second time and released once; the system drops the rest with the process.
