@@ -41,7 +41,7 @@ void copy(Fields from, std::span<std::string_view> to) {
 
 std::string joined(Fields fields) {
     std::string line;
-    for (const auto field : fields) {
+    for (const auto& field : fields) {
         if (&field != fields.data()) line += ',';
         line += field;
     }

@@ -1,11 +1,14 @@
 #include "support/number_text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 namespace ravelin {
 namespace {
@@ -24,11 +27,18 @@ struct Magnitude {
     std::size_t length = 0;
 };
 
+bool isBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+    const auto* const start = std::find_if_not(text.begin(), text.end(), isBlank);
+    return text.substr(static_cast<std::size_t>(start - text.begin()));
+}
+
 Magnitude readMagnitude(std::string_view text) {
     Magnitude m;
-    std::size_t i = 0;
-    while (i < text.size() && (text[i] == ' ' || (text[i] >= '\t' && text[i] <= '\r')))
-        ++i;
+    std::size_t i = text.size() - withoutLeadingBlanks(text).size();
     if (i < text.size() && (text[i] == '+' || text[i] == '-')) m.negative = text[i++] == '-';
     for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
         m.digits = true;
@@ -50,8 +60,11 @@ Converted<std::int32_t> signed32(const Magnitude& m) {
     return {static_cast<std::int32_t>(m.negative ? -value : value)};
 }
 
-template <class T, class Convert>
-Converted<T> floating(std::string_view text, Convert convert) {
+template <class T>
+using StandardConversion = T (*)(const char*, char**);
+
+template <class T>
+Converted<T> standard(std::string_view text, StandardConversion<T> convert) {
     const std::string copy(text);
     char* end = nullptr;
     errno = 0;
@@ -59,6 +72,32 @@ Converted<T> floating(std::string_view text, Convert convert) {
     if (end == copy.c_str()) return failed<T>(ConversionError::invalid);
     if (errno == ERANGE) return failed<T>(ConversionError::outOfRange);
     return {value};
+}
+
+// Whether what follows the sign may be hexadecimal.
+bool startsHexadecimal(std::string_view number) {
+    return number.size() >= 2 && number[0] == '0' && (number[1] == 'x' || number[1] == 'X');
+}
+
+// Both ways of reading a decimal number round correctly, so they agree on every number of full
+// precision, which std::from_chars reads several times faster. What is reported about the others
+// is left to the standard conversion.
+template <class T>
+Converted<T> floating(std::string_view text, StandardConversion<T> convert) {
+    std::string_view number = withoutLeadingBlanks(text);
+    const bool plus = number.starts_with('+');
+    if (plus) number.remove_prefix(1);
+    const bool minus = number.starts_with('-');
+    if (plus && minus) return failed<T>(ConversionError::invalid);
+    if (!startsHexadecimal(number.substr(minus ? 1 : 0))) {
+        T value{};
+        const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
+        if (read.ec == std::errc::invalid_argument) return failed<T>(ConversionError::invalid);
+        const bool fullPrecision =
+            value == 0 || !(std::abs(value) <= std::numeric_limits<T>::min());
+        if (read.ec == std::errc() && fullPrecision) return {value};
+    }
+    return standard(text, convert);
 }
 
 }  // namespace
@@ -80,11 +119,11 @@ Converted<std::uint32_t> toUnsignedLong(std::string_view text) {
 }
 
 Converted<float> toFloat(std::string_view text) {
-    return floating<float>(text, [](const char* s, char** end) { return std::strtof(s, end); });
+    return floating<float>(text, std::strtof);
 }
 
 Converted<double> toDouble(std::string_view text) {
-    return floating<double>(text, [](const char* s, char** end) { return std::strtod(s, end); });
+    return floating<double>(text, std::strtod);
 }
 
 std::int32_t toIntOrThrow(std::string_view text) {
@@ -102,9 +141,8 @@ std::int32_t toIntOrThrow(std::string_view text) {
 
 Converted<std::int32_t> toStrictInt(std::string_view text) {
     const Magnitude m = readMagnitude(text);
-    const bool startsBlank =
-        !text.empty() && (text[0] == ' ' || (text[0] >= '\t' && text[0] <= '\r'));
-    if (m.length != text.size() || startsBlank)
+    const bool startsBlank = !text.empty() && isBlank(text.front());
+    if (startsBlank || m.length != text.size())
         return failed<std::int32_t>(ConversionError::invalid);
     return signed32(m);
 }

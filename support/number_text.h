@@ -25,8 +25,9 @@ Converted<std::int32_t> toInt(std::string_view text);
 Converted<std::int32_t> toLong(std::string_view text);
 // A leading minus negates within 32 bits, as strtoul does: "-1" gives 4294967295.
 Converted<std::uint32_t> toUnsignedLong(std::string_view text);
-// Decimal, exponent and hexadecimal notation, "inf" and "nan"; an overflow or an underflow to a
-// value that cannot be held is out of range, as std::stof and std::stod report it.
+// Decimal, exponent and hexadecimal notation, "inf" and "nan". A number too
+// large for the type, or so small that the type holds it with fewer digits or not at all, is out
+// of range, as std::stof and std::stod report it.
 Converted<float> toFloat(std::string_view text);
 Converted<double> toDouble(std::string_view text);
 
