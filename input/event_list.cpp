@@ -9,16 +9,13 @@ EventList::EventList(std::initializer_list<UnifiedEvent> events) {
         append(event);
 }
 
-void EventList::append(const UnifiedEvent& event) {
-    const std::size_t slot = size_ % chunkSize;
-    if (slot == 0) {
+void EventList::makeRoom() {
+    if (size_ % chunkSize == 0) {
         chunks_.push_back(std::make_shared<Chunk>());
-    } else if (chunks_.back().use_count() > 1) {
+    } else {
         // A copy that shares this chunk may append to it as well: part before writing.
         chunks_.back() = std::make_shared<Chunk>(*chunks_.back());
     }
-    (*chunks_.back())[slot] = event;
-    ++size_;
 }
 
 void EventList::shiftTimes(std::size_t first, double seconds) {

@@ -81,7 +81,13 @@ class EventList {
     const_iterator begin() const { return {this, 0}; }
     const_iterator end() const { return {this, size_}; }
 
-    void append(const UnifiedEvent& event);
+    void append(const UnifiedEvent& event) {
+        const std::size_t slot = size_ % chunkSize;
+        if (slot == 0 || chunks_.back().use_count() > 1) [[unlikely]]
+            makeRoom();
+        (*chunks_.back())[slot] = event;
+        ++size_;
+    }
     // Subtracts `seconds` from the time of every event from index `first` on.
     void shiftTimes(std::size_t first, double seconds);
     void clear();
@@ -94,6 +100,9 @@ class EventList {
 
   private:
     using Chunk = std::array<UnifiedEvent, chunkSize>;
+
+    // Puts a chunk at the end that may be written and has a free slot.
+    void makeRoom();
 
     std::vector<std::shared_ptr<Chunk>> chunks_;
     std::size_t size_ = 0;

@@ -2,6 +2,7 @@
 // by commas.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -9,11 +10,14 @@
 
 namespace ravelin {
 
-// The line without its end. False, and `event` unchanged, when one of the eight fields is missing
-// or does not convert; what follows the eighth is ignored.
+// The line without its end. False when one of the eight fields is missing or does not convert;
+// `event` holds nothing of use then. What follows the eighth field is ignored.
 bool parseEventLine(std::string_view line, UnifiedEvent& event);
 
-// Appends the line and a line feed.
+// Appends the line and its end, as both lie on disk.
 void appendEventLine(std::string& text, const UnifiedEvent& event);
+
+// Room for a line of a usual recording with its end: what a text of many is best reserved for.
+inline constexpr std::size_t usualEventLineSize = 32;
 
 }  // namespace ravelin

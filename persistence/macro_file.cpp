@@ -34,12 +34,15 @@ std::string readMacroFile(const std::string& path, Profile& out) {
 std::string writeMacroFile(const std::string& path, const Profile& profile) {
     if (profile.name.empty() || profile.name.find('\n') != std::string::npos)
         return "That profile's name can't be written to a macro file.";
-    std::string text = profile.name + '\n';
+    std::string text = profile.name;
+    text.reserve(profile.events.size() * usualEventLineSize);
+    text += lineEnd;
     text += settingsPrefix;
-    text += profileToSessionLine(profile.settingsLine) + '\n';
+    text += profileToSessionLine(profile.settingsLine);
+    text += lineEnd;
     for (const auto& event : profile.events)
         appendEventLine(text, event);
-    return writeTextFile(path, text) ? "" : "Couldn't write that macro file.";
+    return writeFile(path, text) ? "" : "Couldn't write that macro file.";
 }
 
 }  // namespace ravelin

@@ -28,7 +28,7 @@ std::optional<Session> snapshot() {
 }
 
 void lockedSave() {
-    if (const auto session = snapshot()) writeTextFile(sessionPath, sessionText(*session));
+    if (const auto session = snapshot()) writeFile(sessionPath, sessionText(*session));
 }
 
 }  // namespace

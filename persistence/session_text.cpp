@@ -5,6 +5,7 @@
 #include "persistence/event_line.h"
 #include "persistence/session_settings.h"
 #include "support/number_text.h"
+#include "support/text_file.h"
 
 namespace ravelin {
 namespace {
@@ -16,7 +17,7 @@ constexpr std::string_view profileSettingsPrefix = "PROFILESETTINGS:";
 void addLine(std::string& text, std::string_view prefix, std::string_view rest) {
     text += prefix;
     text += rest;
-    text += '\n';
+    text += lineEnd;
 }
 
 // Takes the prefix off the line, if the line begins with it.
@@ -47,6 +48,10 @@ void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
 
 std::string sessionText(const Session& session) {
     std::string text;
+    std::size_t events = 0;
+    for (const auto& profile : session.profiles)
+        events += profile.events.size();
+    text.reserve(events * usualEventLineSize);
     addLine(text, settingsPrefix, session.settingsLine);
     addLine(text, currentPrefix, std::to_string(session.current));
     for (const auto& profile : session.profiles) {

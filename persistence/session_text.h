@@ -18,6 +18,7 @@ struct Session {
     std::vector<Profile> profiles;
 };
 
+// The text as it lies on disk.
 std::string sessionText(const Session& session);
 
 // Nothing when the text does not begin with a settings line. Lines that make no sense are skipped

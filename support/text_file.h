@@ -13,8 +13,13 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-// Rewrites the file in place with the text, every line feed as CR LF. False when it cannot be
-// opened (nothing has changed then) or not be written in full.
+inline constexpr std::string_view lineEnd = "\r\n";
+
+// Rewrites the file in place with these very bytes. False when it cannot be opened (nothing has
+// changed then) or not be written in full.
+bool writeFile(const std::string& path, std::string_view bytes);
+
+// The same with the line end on disk for every line feed.
 bool writeTextFile(const std::string& path, std::string_view text);
 
 }  // namespace ravelin

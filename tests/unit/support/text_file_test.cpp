@@ -26,6 +26,14 @@ TEST_F(TextFile, HasCarriageReturnsOnDisk) {
     EXPECT_EQ(written("a\r\n\r"), "a\r\r\n\r");
 }
 
+TEST_F(TextFile, MayBeWrittenByteForByte) {
+    EXPECT_TRUE(writeFile(path, "a\nb\r\n"));
+    EXPECT_EQ(test::readBytes(path), "a\nb\r\n");
+    EXPECT_TRUE(writeFile(path, ""));
+    EXPECT_EQ(test::readBytes(path), "");
+    EXPECT_FALSE(writeFile(folder.path(), ""));
+}
+
 TEST_F(TextFile, ReplacesWhatWasThere) {
     EXPECT_EQ(written("something longer\n"), "something longer\r\n");
     EXPECT_EQ(written(""), "");
