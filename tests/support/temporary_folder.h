@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ class TemporaryFolder {
     }
 
     const std::filesystem::path& path() const { return path_; }
+    // The folder and a file in it as the program's own functions take them.
+    std::string pathText() const { return path_.string(); }
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
 
     // Writes the bytes as they are, making the folders on the way.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
@@ -37,5 +41,15 @@ class TemporaryFolder {
   private:
     std::filesystem::path path_;
 };
+
+// The bytes as they lie on disk.
+inline std::string readBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void writeBytes(const std::string& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
 
 }  // namespace ravelin::test

@@ -6,15 +6,16 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/environment.h"
 #include "tests/support/live_state.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace ravelin::test {
 
 class DataFolderFixture : public ::testing::Test {
   protected:
     DataFolderFixture() {
-        setEnvironment("LOCALAPPDATA", localAppData.path());
+        setEnvironment("LOCALAPPDATA", localAppData.pathText());
         resetLiveState();
     }
     ~DataFolderFixture() override {
@@ -29,7 +30,7 @@ class DataFolderFixture : public ::testing::Test {
     bool fileWritten() const { return std::filesystem::exists(settingsFile()); }
     void removeFile() const { std::filesystem::remove(settingsFile()); }
 
-    TempFolder localAppData;
+    TemporaryFolder localAppData;
 };
 
 }  // namespace ravelin::test
