@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "support/number_text.h"
+#include "support/real_text.h"
 #include "support/text.h"
 
 namespace ravelin {

@@ -9,6 +9,7 @@
 #include "input/tool_settings.h"
 #include "persistence/key_codes.h"
 #include "support/number_text.h"
+#include "support/real_text.h"
 #include "support/text.h"
 
 namespace ravelin {

@@ -5,9 +5,7 @@
 // follows the number, as std::stoi and its relatives do.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace ravelin {
@@ -38,12 +36,5 @@ std::int32_t toIntOrThrow(std::string_view text);
 // The whole text is one decimal 32-bit integer: an optional sign is allowed, blanks and trailing
 // text are not.
 Converted<std::int32_t> toStrictInt(std::string_view text);
-
-// A real number as a stream writes it by default: six significant digits without trailing zeros,
-// plain or with an exponent, whatever the locale. Writes at most realTextSize characters at `out`
-// and returns their end.
-inline constexpr std::size_t realTextSize = 16;
-char* writeReal(char* out, double value);
-std::string realText(double value);
 
 }  // namespace ravelin
