@@ -9,7 +9,7 @@
 #include "tests/support/generated_macro.h"
 #include "tests/support/peak_memory.h"
 #include "tests/support/reference_reader.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t eventCount = 1000000;
 
 struct MacroOnDisk {
-    test::TemporaryFolder folder;
+    test::TempFolder folder;
     std::string path = folder.file("bench.rvnmacro");
     Profile profile{"A million events", "", test::generatedMacro(eventCount)};
     std::int64_t bytes = 0;

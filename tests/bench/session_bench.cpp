@@ -18,7 +18,7 @@
 #include "tests/support/generated_macro.h"
 #include "tests/support/peak_memory.h"
 #include "tests/support/reference_reader.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -30,7 +30,7 @@ double milliseconds(Clock::duration time) {
 }
 
 struct SessionOnDisk {
-    test::TemporaryFolder folder;
+    test::TempFolder folder;
     std::int64_t bytes = 0;
 
     SessionOnDisk() {

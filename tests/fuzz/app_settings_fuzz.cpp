@@ -10,7 +10,7 @@
 #include "tests/support/environment.h"
 #include "tests/support/live_state.h"
 #include "tests/support/reference_settings.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -21,9 +21,9 @@ void check(bool holds) {
 }
 
 const std::string& settingsFile() {
-    static const test::TemporaryFolder folder;
+    static const test::TempFolder folder;
     static const std::string path = [] {
-        test::setEnvironment("LOCALAPPDATA", folder.pathText());
+        test::setEnvironment("LOCALAPPDATA", folder.path());
         return dataFile("appsettings.txt");
     }();
     return path;

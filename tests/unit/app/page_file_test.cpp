@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/temporary_folder.h"
+#include <filesystem>
+
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -14,13 +16,13 @@ class PageFile : public ::testing::Test {
     void giveScript(std::string_view text) { folder_.write("ui/vendor/Sortable.min.js", text); }
     std::string assemble(const std::string& page) { return assemblePage(page, folder_.path()); }
 
-    test::TemporaryFolder folder_;
+    test::TempFolder folder_;
 };
 
 TEST_F(PageFile, IsReadFromTheUiFolderBesideTheExecutable) {
     folder_.write("ui/index.html", "<p>page</p>");
     EXPECT_EQ(readPage(folder_.path()), "<p>page</p>");
-    EXPECT_EQ(pagePath(folder_.path()), folder_.path() / "ui" / "index.html");
+    EXPECT_EQ(pagePath(folder_.path()), std::filesystem::path(folder_.file("ui")) / "index.html");
 }
 
 TEST_F(PageFile, ReportsAMissingPage) {

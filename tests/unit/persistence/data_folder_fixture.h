@@ -8,14 +8,14 @@
 
 #include "tests/support/environment.h"
 #include "tests/support/live_state.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin::test {
 
 class DataFolderFixture : public ::testing::Test {
   protected:
     DataFolderFixture() {
-        setEnvironment("LOCALAPPDATA", localAppData.pathText());
+        setEnvironment("LOCALAPPDATA", localAppData.path());
         resetLiveState();
     }
     ~DataFolderFixture() override {
@@ -30,7 +30,7 @@ class DataFolderFixture : public ::testing::Test {
     bool fileWritten() const { return std::filesystem::exists(settingsFile()); }
     void removeFile() const { std::filesystem::remove(settingsFile()); }
 
-    TemporaryFolder localAppData;
+    TempFolder localAppData;
 };
 
 }  // namespace ravelin::test

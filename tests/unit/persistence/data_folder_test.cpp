@@ -13,7 +13,7 @@ std::string joined(const std::string& folder, const std::string& name) {
 }
 
 TEST_F(DataFolder, LiesUnderTheLocalApplicationData) {
-    const auto expected = joined(localAppData.pathText(), "Ravelin");
+    const auto expected = joined(localAppData.path(), "Ravelin");
     EXPECT_EQ(dataFolder(), expected);
     EXPECT_FALSE(std::filesystem::exists(expected));
     EXPECT_EQ(dataFile("theme.txt"), joined(expected, "theme.txt"));
@@ -32,10 +32,10 @@ TEST_F(DataFolder, LiesInTheCurrentFolderWithoutOne) {
 
 TEST_F(DataFolder, IsAskedForAnewEachTime) {
     const auto first = dataFile("a");
-    const test::TemporaryFolder other;
-    test::setEnvironment("LOCALAPPDATA", other.pathText());
+    const test::TempFolder other;
+    test::setEnvironment("LOCALAPPDATA", other.path());
     EXPECT_NE(dataFile("a"), first);
-    EXPECT_EQ(dataFolder(), joined(other.pathText(), "Ravelin"));
+    EXPECT_EQ(dataFolder(), joined(other.path(), "Ravelin"));
 }
 
 TEST_F(DataFolder, MayBeImpossibleToCreate) {

@@ -10,8 +10,8 @@ namespace {
 
 class LegacyFiles : public ::testing::Test {
   protected:
-    static std::string in(const test::TemporaryFolder& folder, const std::string& name) {
-        return folder.pathText() + pathSeparator + name;
+    static std::string in(const test::TempFolder& folder, const std::string& name) {
+        return folder.path() + pathSeparator + name;
     }
     static void put(const std::string& path) { test::writeBytes(path, "from " + path); }
     // What was written at `from` lies at `to` now.
@@ -22,12 +22,10 @@ class LegacyFiles : public ::testing::Test {
     static void expectStayed(const std::string& path) {
         EXPECT_EQ(test::readBytes(path), "from " + path);
     }
-    std::string migrated() const {
-        return migratedSessionPath(data.pathText(), program.pathText());
-    }
+    std::string migrated() const { return migratedSessionPath(data.path(), program.path()); }
 
-    test::TemporaryFolder data;
-    test::TemporaryFolder program;
+    test::TempFolder data;
+    test::TempFolder program;
     std::string session = in(data, "session.dat");
     std::string newer = in(data, "session.rvnmacro");
     std::string older = in(data, "session.mcr");
@@ -79,13 +77,13 @@ TEST_F(LegacyFiles, ServeAsTheSessionWhenTheyCannotBeMoved) {
 TEST_F(LegacyFiles, BesideTheExecutableMoveIntoTheDataFolder) {
     const auto old = in(program, "theme.txt");
     const auto now = in(data, "theme.txt");
-    migrateLegacyFile(now, "theme.txt", program.pathText());
+    migrateLegacyFile(now, "theme.txt", program.path());
     EXPECT_FALSE(fileExists(now));
     put(old);
-    migrateLegacyFile(now, "theme.txt", program.pathText());
+    migrateLegacyFile(now, "theme.txt", program.path());
     expectMoved(old, now);
     put(old);
-    migrateLegacyFile(now, "theme.txt", program.pathText());
+    migrateLegacyFile(now, "theme.txt", program.path());
     expectStayed(old);
     EXPECT_EQ(test::readBytes(now), "from " + old);
 }
@@ -93,17 +91,17 @@ TEST_F(LegacyFiles, BesideTheExecutableMoveIntoTheDataFolder) {
 TEST_F(LegacyFiles, StayWhereTheyAreWithoutADataFolder) {
     const auto old = in(program, "theme.txt");
     put(old);
-    migrateLegacyFile(in(data, "missing/theme.txt"), "theme.txt", program.pathText());
+    migrateLegacyFile(in(data, "missing/theme.txt"), "theme.txt", program.path());
     expectStayed(old);
 }
 
 TEST_F(LegacyFiles, BesideTheExecutableAreDeleted) {
     put(in(program, "status.txt"));
     put(in(data, "status.txt"));
-    deleteLegacyFile("status.txt", program.pathText());
+    deleteLegacyFile("status.txt", program.path());
     EXPECT_FALSE(fileExists(in(program, "status.txt")));
     expectStayed(in(data, "status.txt"));
-    deleteLegacyFile("status.txt", program.pathText());
+    deleteLegacyFile("status.txt", program.path());
 }
 
 class LegacyFilesOfThisProgram : public test::DataFolderFixture {

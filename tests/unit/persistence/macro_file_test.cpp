@@ -5,7 +5,7 @@
 #include "persistence/macro_settings.h"
 #include "persistence/session_settings.h"
 #include "tests/support/live_state.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -42,7 +42,7 @@ class MacroFile : public ::testing::Test {
         return error;
     }
 
-    test::TemporaryFolder folder;
+    test::TempFolder folder;
     std::string path = folder.file("test.rvnmacro");
 };
 

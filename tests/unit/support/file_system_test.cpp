@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "tests/support/environment.h"
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -25,7 +25,7 @@ TEST(EnvironmentText, IsEmptyWhenItIsUnsetOrDoesNotFit) {
 
 class FileSystem : public ::testing::Test {
   protected:
-    test::TemporaryFolder folder;
+    test::TempFolder folder;
     std::string a = folder.file("a");
     std::string b = folder.file("b");
 };
@@ -34,7 +34,7 @@ TEST_F(FileSystem, TellsFilesFromFolders) {
     EXPECT_FALSE(fileExists(a));
     test::writeBytes(a, "");
     EXPECT_TRUE(fileExists(a));
-    EXPECT_FALSE(fileExists(folder.pathText()));
+    EXPECT_FALSE(fileExists(folder.path()));
     EXPECT_FALSE(fileExists(""));
 }
 
@@ -65,8 +65,8 @@ TEST_F(FileSystem, DeletesAFileButNoFolder) {
     EXPECT_TRUE(deleteFile(a));
     EXPECT_FALSE(fileExists(a));
     EXPECT_FALSE(deleteFile(a));
-    EXPECT_FALSE(deleteFile(folder.pathText()));
-    EXPECT_TRUE(std::filesystem::is_directory(folder.pathText()));
+    EXPECT_FALSE(deleteFile(folder.path()));
+    EXPECT_TRUE(std::filesystem::is_directory(folder.path()));
 }
 
 TEST_F(FileSystem, KnowsTheRunningExecutable) {

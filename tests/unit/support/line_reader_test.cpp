@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -77,7 +77,7 @@ TEST(LineReader, AsksForNoMoreThanFitsAndStopsAtTheEnd) {
 }
 
 TEST(LineReader, ReadsAFileInBinary) {
-    const test::TemporaryFolder folder;
+    const test::TempFolder folder;
     const auto path = folder.file("lines.txt");
     const std::string longLine(LineReader::defaultBlockSize * 2 + 5, 'y');
     test::writeBytes(path, "a\r\n\x1A\n" + longLine + "\nend");

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "tests/support/temporary_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace ravelin {
 namespace {
@@ -15,7 +15,7 @@ class TextFile : public ::testing::Test {
         EXPECT_TRUE(writeTextFile(path, text));
         return test::readBytes(path);
     }
-    test::TemporaryFolder folder;
+    test::TempFolder folder;
     std::string path = folder.file("text.txt");
 };
 
@@ -31,7 +31,7 @@ TEST_F(TextFile, MayBeWrittenByteForByte) {
     EXPECT_EQ(test::readBytes(path), "a\nb\r\n");
     EXPECT_TRUE(writeFile(path, ""));
     EXPECT_EQ(test::readBytes(path), "");
-    EXPECT_FALSE(writeFile(folder.pathText(), ""));
+    EXPECT_FALSE(writeFile(folder.path(), ""));
 }
 
 TEST_F(TextFile, ReplacesWhatWasThere) {
@@ -60,7 +60,7 @@ TEST_F(TextFile, MayBeLarge) {
 
 TEST_F(TextFile, FailsWithoutAFolderToLieIn) {
     EXPECT_FALSE(writeTextFile(folder.file("no such folder/text.txt"), "a"));
-    EXPECT_FALSE(writeTextFile(folder.pathText(), "a"));
+    EXPECT_FALSE(writeTextFile(folder.path(), "a"));
 }
 
 #ifdef __linux__

@@ -1,4 +1,4 @@
-// A folder that lives as long as a test.
+// A folder of its own for one test, removed with everything in it.
 #pragma once
 
 #include <filesystem>
@@ -10,32 +10,30 @@
 
 namespace ravelin::test {
 
-class TemporaryFolder {
+class TempFolder {
   public:
-    TemporaryFolder() {
+    TempFolder() {
         std::random_device random;
-        path_ = std::filesystem::temp_directory_path() /
-                ("ravelin-test-" + std::to_string(random()) + std::to_string(random()));
-        std::filesystem::create_directories(path_);
+        do {
+            path_ = std::filesystem::temp_directory_path() /
+                    ("ravelin-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(path_));
     }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() {
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    ~TempFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }
 
-    const std::filesystem::path& path() const { return path_; }
-    // The folder and a file in it as the program's own functions take them.
-    std::string pathText() const { return path_.string(); }
+    std::string path() const { return path_.string(); }
     std::string file(const std::string& name) const { return (path_ / name).string(); }
 
     // Writes the bytes as they are, making the folders on the way.
-    std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
+    void write(const std::filesystem::path& name, std::string_view bytes) const {
         const auto file = path_ / name;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;
-        return file;
     }
 
   private:
