@@ -73,6 +73,10 @@ bool SimulatedDesktop::isSignalled(platform::Event event) const {
     return signalled_[static_cast<std::size_t>(event)];
 }
 
+void SimulatedDesktop::clearQuit() {
+    signalled_[static_cast<std::size_t>(platform::Event::quit)] = false;
+}
+
 std::vector<std::string> SimulatedDesktop::texts() const {
     std::vector<std::string> texts;
     for (const Sent& sent : log)
@@ -134,6 +138,7 @@ void SimulatedDesktop::sleep(std::uint32_t milliseconds) {
 
 // Reading the clock takes a microsecond, so that a busy wait ends.
 std::int64_t SimulatedDesktop::readCounter() {
+    ++counterReads;
     const auto read = clock_;
     moveTo(clock_ + ticksPerSecond / 1'000'000, nullptr);
     return read;

@@ -36,6 +36,8 @@ class SimulatedDesktop {
     // Lets time pass outside any worker.
     void advance(double seconds);
     bool isSignalled(platform::Event event) const;
+    // Lets another worker run after one that was ended.
+    void clearQuit();
 
     // Runs whenever the command event is signalled, in place of a command thread.
     std::function<void()> onCommand;
@@ -49,6 +51,7 @@ class SimulatedDesktop {
     std::function<bool(platform::Point)> isOwnWindow = [](platform::Point) { return false; };
     std::map<std::uint32_t, std::string> keyNames;  // by virtual-key code
     std::uint32_t scanLookups = 0;
+    std::int64_t counterReads = 0;
     // A worker that has nothing to stop it is stopped here.
     double endOfTime = 4 * 3600.0;
 
