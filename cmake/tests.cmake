@@ -38,7 +38,8 @@ ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources} ${support_source
 
 # Thread tests: the workers as real threads on a platform made of standard primitives.
 file(GLOB thread_sources CONFIGURE_DEPENDS tests/threads/*.cpp)
-ravelin_test_program(ravelin_thread_tests SOURCES ${thread_sources}
+ravelin_test_program(ravelin_thread_tests
+    SOURCES ${thread_sources} tests/support/engine_reset.cpp
     LIBRARIES ravelin_core GTest::gmock_main)
 
 if(WIN32)
@@ -66,10 +67,11 @@ if(WIN32)
         add_subdirectory(tests/wine)
     endif()
 else()
-    file(GLOB bench_sources CONFIGURE_DEPENDS tests/bench/*_bench.cpp)
+    file(GLOB bench_sources CONFIGURE_DEPENDS tests/bench/*.cpp)
     find_package(benchmark QUIET)
     if(benchmark_FOUND AND bench_sources)
-        ravelin_test_program(ravelin_bench SOURCES ${bench_sources} ${support_sources}
+        ravelin_test_program(ravelin_bench SOURCES ${bench_sources}
+            tests/support/engine_reset.cpp tests/threads/live_platform.cpp
             LIBRARIES ravelin_core benchmark::benchmark_main)
     endif()
 endif()
