@@ -174,6 +174,13 @@ TEST_F(Player, TruncatesPointsOnTheWayTowardZero) {
     EXPECT_THAT(desktop.texts(), testing::Contains("move 0,0").Times(1));
 }
 
+TEST_F(Player, SendsARecordedPointOnceThoughTheNextWayBeginsThere) {
+    macro() = {moveEvent(0, 0, 0), moveEvent(0.01, 10, 0), moveEvent(0.02, 20, 0)};
+    playAt(0);
+    runPlayer();
+    EXPECT_THAT(desktop.texts(), testing::Contains("move 10,0").Times(1));
+}
+
 TEST_F(Player, StartsTheWayOfAMoveAtTheLastClick) {
     macro() = {moveEvent(0, 0, 0), buttonEvent(0, 2, 500, 500), moveEvent(0.01, 510, 500)};
     playAt(0);

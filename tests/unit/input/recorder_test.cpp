@@ -58,7 +58,9 @@ INSTANTIATE_TEST_SUITE_P(
         Take{"InjectedMovesCountAsSeen", "10 ~move@7,7 20 move@7,7 30 move@8,8", "0:move 8,8"},
         Take{"MovesBeforeTheRecordingCountAsSeen", "10 move@7,7 20 move@8,8", "0:move 8,8",
              [] { feed("move@7,7"); }},
-        Take{"MovesCanBeLeftOut", "10 move@7,7 20 raw@1,1 30 A↓", "0:key 65 down",
+        Take{"AbsoluteMovesCanBeLeftOut", "10 move@7,7 20 A↓", "0:key 65 down",
+             [] { toolSettings.tmv = false; }},
+        Take{"RelativeMovesCanBeLeftOut", "10 move@7,7 20 raw@1,1 30 A↓", "0:key 65 down",
              [] {
                  toolSettings.tmv = false;
                  withRelativeMoves();
