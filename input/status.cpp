@@ -26,10 +26,10 @@ std::size_t eventCount() {
 }
 
 std::vector<std::string> targetNames() {
-    std::vector<std::string> names;
     const auto count = std::clamp(keySpamTargets.count.load(), 0, KeySpamTargets::cap);
-    for (std::int32_t i = 0; i < count; ++i)
-        names.push_back(keyName(keySpamTargets.keys[static_cast<std::size_t>(i)].load()));
+    std::vector<std::string> names(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = keyName(keySpamTargets.keys[i].load());
     return names;
 }
 

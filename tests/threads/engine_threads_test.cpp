@@ -160,6 +160,27 @@ TEST_F(EngineThreads, RecordTheToolsBesideTheHooks) {
     EXPECT_EQ(tools, 50);
 }
 
+TEST_F(EngineThreads, PlayWhileTheMacroChanges) {
+    toolSettings.tloop = true;
+    toolSettings.tloopMs = 0;
+    setMacro({keyEvent(0, 65, true)});
+    start();
+    press(keyPlay);
+    std::atomic<bool> done{false};
+    // The page, which clears, imports and switches.
+    alongside([&] {
+        while (!done.load()) {
+            setMacro({keyEvent(0, 65, true), keyEvent(0, 65, false), moveEvent(0, 1, 1)});
+            setMacro({wheelEvent(0, 120), keyEvent(0.0001, 66, true)});
+        }
+    });
+    await([] { return sentCounts.keys.load() >= 500; });
+    press(keyPlay);
+    await([] { return !engine.playing.load(); });
+    done = true;
+    quit();
+}
+
 TEST_F(EngineThreads, TakeSettingsWhileTheyWork) {
     start();
     press(keyClicker);
