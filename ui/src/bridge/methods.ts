@@ -26,7 +26,7 @@ export interface PageMethods {
   startUpdate(): unknown;
   getSettings(): unknown;
   reassignKey(slot: CaptureSlot): void;
-  detachPanel(id: string, title: string, x: number, y: number, themeKey: string): void;
+  detachPanel(title: string, id: string, x: number, y: number, themeKey: string): unknown;
   beginWindowDrag(text: string): void;
   closeThisWindow(): void;
 }

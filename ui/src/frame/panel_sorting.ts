@@ -1,10 +1,18 @@
 import type Sortable from "sortablejs";
 import type { Attachment } from "svelte/attachments";
+import type { ScreenPoint } from "../state/panel_layout.svelte";
 import { motionAllowed } from "./motion";
+import { isOutside, screenPoint } from "./screen_point";
+
+interface Dragged {
+  order: (ids: string[]) => void;
+  // A panel was let go outside of the window; false when it cannot have one of its own.
+  tearOff: (id: string, at: ScreenPoint) => boolean;
+}
 
 // Dragging panels by their headers. The library comes as a script of its own and may be missing;
 // panels are then moved with the keys only.
-export function panelSorting(setOrder: (ids: string[]) => void): Attachment<HTMLElement> {
+export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
   return (dashboard) => {
     const library = (window as { Sortable?: typeof Sortable }).Sortable;
     if (!library) return undefined;
@@ -26,9 +34,17 @@ export function panelSorting(setOrder: (ids: string[]) => void): Attachment<HTML
         // The list is drawn from its data: the element goes back to where it was, and the new
         // order moves it.
         dashboard.insertBefore(event.item, next);
-        setOrder(order);
+        const end = lastPoint(event);
+        if (end && isOutside(end) && dragged.tearOff(event.item.id, screenPoint(end))) return;
+        dragged.order(order);
       },
     });
     return () => sorting.destroy();
   };
+}
+
+// The event that ended the drag, which the library passes on without naming its type.
+function lastPoint(event: Sortable.SortableEvent): PointerEvent | null {
+  const { originalEvent } = event as Sortable.SortableEvent & { originalEvent?: Event };
+  return originalEvent instanceof PointerEvent ? originalEvent : null;
 }

@@ -1,9 +1,10 @@
 import { getContext, setContext } from "svelte";
 import { Bridge } from "../bridge/bridge";
 import { hotkeyMood } from "../text/hotkey_texts";
+import { worksAlone, type PanelId } from "../text/panel_order";
 import { Engine } from "./engine.svelte";
 import { LocationPick } from "./location_pick.svelte";
-import { PanelLayout } from "./panel_layout.svelte";
+import { PanelLayout, type ScreenPoint } from "./panel_layout.svelte";
 import { Preferences } from "./preferences.svelte";
 import { Profiles } from "./profiles.svelte";
 import { Theme } from "./theme.svelte";
@@ -11,13 +12,17 @@ import { Tools } from "./tools.svelte";
 import { Update } from "./update.svelte";
 import type { CaptureSlot, HotkeySlot } from "../bridge/methods";
 
+// The program saves the settings in use every five seconds.
+const sessionFileLag = 8000;
+
 // How long a window that cannot read the status shows that a key is awaited.
 const blindCaptureTime = 6000;
 
 // Everything that the page knows and can ask for; one for each window.
 export class App {
   readonly bridge: Bridge;
-  // A window of its own for one panel: it can send requests and reads nothing back.
+  // A window of its own for one panel. It can send requests, and reads at most what the program
+  // has last written to its files.
   readonly isChild: boolean;
   readonly engine: Engine;
   readonly tools: Tools;
@@ -27,7 +32,10 @@ export class App {
   readonly layout: PanelLayout;
   readonly theme: Theme;
   readonly update: Update;
+  // What is read out by screen readers.
   notice = $state("");
+  // What the program could not do, in its own words.
+  problem = $state("");
 
   private blindCapture = $state<CaptureSlot | "">("");
   private blindTimer: ReturnType<typeof setTimeout> | undefined;
@@ -36,7 +44,8 @@ export class App {
     this.bridge = new Bridge(host);
     this.isChild = this.bridge.has("closeThisWindow");
     this.engine = new Engine(this.bridge, () => host.document.hidden);
-    this.tools = new Tools(this.bridge, () => this.pick.waiting);
+    const staleFor = this.isChild ? sessionFileLag : 0;
+    this.tools = new Tools(this.bridge, () => this.pick.waiting, staleFor);
     this.pick = new LocationPick(this.bridge, this.tools);
     this.preferences = new Preferences(this.bridge);
     this.profiles = new Profiles(this.bridge, () => this.refresh());
@@ -44,7 +53,7 @@ export class App {
     this.theme = new Theme(host, host.document.documentElement);
     this.update = new Update(this.bridge);
     this.engine.onAnswer(({ restore }) => {
-      if (restore.length === 0) return;
+      if (this.isChild || restore.length === 0) return;
       this.layout.restore(restore);
       this.tools.refresh();
     });
@@ -86,6 +95,15 @@ export class App {
     this.pick.pressSeen(status?.autoClicking === true || status?.state === "Playing");
   }
 
+  canDetach(id: PanelId): boolean {
+    return !this.isChild && worksAlone(id) && this.bridge.has("detachPanel");
+  }
+
+  async detach(id: PanelId, at: ScreenPoint): Promise<void> {
+    this.tools.flush();
+    this.problem = await this.layout.detach(id, at, this.theme.key);
+  }
+
   // Sends waiting edits first, so that a tool never starts with the settings from before them.
   async run(method: "startSpammer" | "stopSpammer" | "startKeySpam" | "stopKeySpam") {
     this.tools.flush();
@@ -102,7 +120,6 @@ export class App {
     this.engine.refresh();
   }
 
-  // Read out by screen readers.
   say(text: string): void {
     if (text !== "") this.notice = text;
   }

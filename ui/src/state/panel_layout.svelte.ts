@@ -1,7 +1,12 @@
 import { flag } from "../bridge/methods";
-import { mergeOrder, moveBy, type PanelId } from "../text/panel_order";
+import { mergeOrder, moveBy, panelTitles, type PanelId } from "../text/panel_order";
 import type { Bridge } from "../bridge/bridge";
 import type { Preferences } from "./preferences.svelte";
+
+export interface ScreenPoint {
+  x: number;
+  y: number;
+}
 
 // Order, minimised panels and panels that live in a window of their own.
 export class PanelLayout {
@@ -37,9 +42,15 @@ export class PanelLayout {
     return true;
   }
 
-  async detach(id: PanelId, title: string, at: { x: number; y: number }, theme: string) {
-    const answer = await this.bridge.call("detachPanel", id, title, at.x, at.y, theme);
-    if (answer.ok) this.detached = [...this.detached, id];
+  // Gives a panel a window of its own at a point of the screen, in pixels. Answers the program's
+  // message when it cannot be done, else the empty text.
+  async detach(id: PanelId, at: ScreenPoint, theme: string): Promise<string> {
+    const title = panelTitles[id];
+    const answer = await this.bridge.call("detachPanel", title, id, at.x, at.y, theme);
+    if (!answer.ok) return answer.message;
+    if (typeof answer.value === "string" && answer.value !== "") return answer.value;
+    this.detached = [...this.detached, id];
+    return "";
   }
 
   restore(ids: readonly string[]): void {

@@ -10,11 +10,13 @@ export class ToolForm<T extends object> {
 
   private readonly sending: Debounce;
   private edits = $state(0);
+  private editedAt = Number.NEGATIVE_INFINITY;
   private held = false;
 
   constructor(
     initial: T,
     private readonly send: (values: T) => void,
+    private readonly staleFor = 0,
   ) {
     this.values = initial;
     this.sending = new Debounce(() => this.send(this.values), sendPause);
@@ -25,6 +27,7 @@ export class ToolForm<T extends object> {
     if (JSON.stringify(next) === JSON.stringify(this.values)) return;
     this.values = next;
     this.edits += 1;
+    this.editedAt = Date.now();
     this.sending.request();
   }
 
@@ -50,6 +53,7 @@ export class ToolForm<T extends object> {
 
   receive(values: T, askedAt: number): void {
     if (this.held || this.sending.pending || askedAt !== this.edits) return;
+    if (Date.now() - this.editedAt < this.staleFor) return;
     if (JSON.stringify(values) !== JSON.stringify(this.values)) this.values = values;
   }
 }

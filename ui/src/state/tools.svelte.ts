@@ -30,13 +30,15 @@ export class Tools {
   constructor(
     private readonly bridge: Bridge,
     private readonly isEager: () => boolean,
+    // How long after an edit, in milliseconds, a report may still be from before it.
+    staleFor = 0,
   ) {
     this.clicker = new ToolForm(defaultToolSettings.clicker, (values) => {
       void bridge.call("updateSpammer", clickerText(values));
-    });
+    }, staleFor);
     this.keySpam = new ToolForm(defaultToolSettings.keySpam, (values) => {
       void bridge.call("updateKeySpam", keySpamText(values));
-    });
+    }, staleFor);
     this.readable = bridge.has("getSettings");
     this.poller = new Poller(
       () => this.read(),

@@ -16,6 +16,13 @@ export const panelTitles: Record<PanelId, string> = {
   "panel-ui": "Settings",
 };
 
+// A window of its own can do nothing with the panels that need more than the tools' methods.
+const aloneIds: readonly PanelId[] = ["panel-spammer", "panel-keyspam", "panel-tracker"];
+
+export function worksAlone(id: PanelId): boolean {
+  return aloneIds.includes(id);
+}
+
 export function isPanelId(text: string): text is PanelId {
   return (panelIds as readonly string[]).includes(text);
 }

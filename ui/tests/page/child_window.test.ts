@@ -1,6 +1,6 @@
 import { expect, test } from "vitest";
 import { useViews } from "./views";
-import type { View } from "./harness";
+import type { View, ViewOptions } from "./harness";
 
 const only = [
   "updateSpammer", "updateKeySpam", "removeKeySpamTarget", "setKeySpamChordMode", "reassignKey",
@@ -32,8 +32,8 @@ const appended = (id: string, theme: string) => `<script>
   if (typeof resizeHostWindow === "function") resizeHostWindow();
 </script>`;
 
-async function show(id: string, theme = "ravelin"): Promise<void> {
-  view = await open({ appended: appended(id, theme) });
+async function show(id: string, theme = "ravelin", options: ViewOptions = {}): Promise<void> {
+  view = await open({ appended: appended(id, theme), ...options });
   await view.page.locator(`#${id}`).waitFor();
 }
 
@@ -111,4 +111,30 @@ test("settings and profiles point to the main window", async () => {
   await view.page.getByText("Settings are changed in the main window.").waitFor();
   await show("panel-profile");
   await view.page.getByText("Profiles are kept in the main window.").waitFor();
+});
+
+test("shows what the program has written down, when it can read it", async () => {
+  await show("panel-spammer", "ravelin", {
+    only: [...only, "getTrackerStatus", "getSettings"],
+    settings: { sms: 40 },
+    status: { autoClicking: true, panelHover: true },
+  });
+  const panel = view.page.locator("#panel-spammer");
+  await panel.getByRole("button", { name: "Stop clicking" }).waitFor();
+  await panel.getByText("Every 40 ms").waitFor();
+  expect(await view.page.getByText("Drop the panel here").count()).toBe(0);
+  expect(await panel.getByText("These are the defaults").count()).toBe(0);
+  await view.shot("child_reading");
+});
+
+test("keeps an edit while the program has not written it down yet", async () => {
+  await show("panel-spammer", "ravelin", {
+    only: ["getSettings", ...only.filter((name) => name !== "updateSpammer")],
+    settings: { sms: 40 },
+  });
+  const panel = view.page.locator("#panel-spammer");
+  await panel.getByText("Every 40 ms").waitFor();
+  await panel.getByText("Double", { exact: true }).click();
+  await view.page.waitForTimeout(3000);
+  expect(await panel.getByRole("radio", { name: "Double" }).isChecked()).toBe(true);
 });

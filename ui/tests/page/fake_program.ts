@@ -119,7 +119,7 @@ export function installFakeProgram(options: ProgramOptions): void {
     startUpdate: () => new Promise((settle) => (program.answerUpdate = settle)),
     getSettings: () => ({ ...program.settings }),
     reassignKey: (slot) => void (program.status["reassigning"] = slot),
-    detachPanel: () => undefined,
+    detachPanel: () => "",
     beginWindowDrag: () => undefined,
     closeThisWindow: () => undefined,
   };

@@ -9,6 +9,14 @@ const shownOrder = () =>
   view.page.evaluate(() =>
     [...document.querySelectorAll("#dashboard > .panel")].map((panel) => panel.id),
   );
+const detachable = [
+  "detachPanel",
+  "getTrackerStatus",
+  "getSettings",
+  "getAppSettings",
+  "setPanelOrder",
+  "setAppSetting",
+];
 const usual = ["panel-spammer", "panel-keyspam", "panel-tracker", "panel-profile", "panel-ui"];
 const minimised = Object.fromEntries([["minimizedPanels", usual]]);
 
@@ -108,14 +116,12 @@ test("the overview leads to a tool and opens its panel", async () => {
 });
 
 test("a detached panel leaves the page and comes back when its window has gone", async () => {
-  const methods = ["detachPanel", "getTrackerStatus", "getSettings", "getAppSettings"];
-  view = await open({ only: [...methods, "setPanelOrder", "setAppSetting"] });
+  view = await open({ only: detachable });
   await view.page.getByRole("button", { name: "Show Key spammer in a window of its own" }).click();
   const panel = view.page.locator("#panel-keyspam");
   await panel.waitFor({ state: "hidden" });
   const [call] = await view.calls("detachPanel");
-  expect(call?.[0]).toBe("panel-keyspam");
-  expect(call?.[1]).toBe("Key spammer");
+  expect(call?.slice(0, 2)).toEqual(["Key spammer", "panel-keyspam"]);
   expect(call?.[4]).toBe("ravelin");
   await view.page.getByRole("button", { name: "Move Auto clicker" }).press("ArrowDown");
   expect((await shownOrder()).slice(0, 3)).toEqual([
@@ -125,6 +131,35 @@ test("a detached panel leaves the page and comes back when its window has gone",
   ]);
   await view.report({ status: { restore: ["panel-keyspam"] } });
   await panel.waitFor({ state: "visible" });
+});
+
+test("a panel let go outside of the window gets one of its own", async () => {
+  view = await open({ only: detachable, preferences: minimised });
+  const box = (await view.page.locator("#panel-tracker h2").boundingBox())!;
+  await view.page.mouse.move(box.x + 20, box.y + 10);
+  await view.page.mouse.down();
+  await view.page.mouse.move(box.x + 20, box.y + 40, { steps: 4 });
+  await view.page.mouse.move(600, 300, { steps: 8 });
+  await view.page.mouse.up();
+  await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
+  const scale = await view.page.evaluate(() => window.devicePixelRatio);
+  const [call] = await view.calls("detachPanel");
+  expect(call?.slice(0, 2)).toEqual(["Macro", "panel-tracker"]);
+  expect(Number(call?.[2])).toBeGreaterThanOrEqual(600 * scale);
+  expect(await view.calls("setPanelOrder")).toEqual([]);
+});
+
+test("a panel that cannot be detached stays, and the program's reason is shown", async () => {
+  view = await open({ only: detachable });
+  await view.page.evaluate(() => {
+    (window as unknown as Record<string, unknown>)["detachPanel"] = async () =>
+      "The window for this panel could not be opened.";
+  });
+  await view.page.getByRole("button", { name: "Show Macro in a window of its own" }).click();
+  await view.page.getByText("The window for this panel could not be opened.").waitFor();
+  expect(await view.page.locator("#panel-tracker").isVisible()).toBe(true);
+  await view.page.getByRole("button", { name: "Close" }).click();
+  await view.page.getByText("could not be opened").waitFor({ state: "detached" });
 });
 
 test("a panel window above the page shows where it would go", async () => {

@@ -69,3 +69,15 @@ test("a report waits until the field is left, which also sends the edit", () => 
   form.receive({ size: 5, name: "a" }, form.version);
   expect(form.values.size).toBe(5);
 });
+
+test("where reports lag behind, one soon after an edit is out of date", () => {
+  const slow = new ToolForm<Values>({ size: 1, name: "a" }, () => undefined, 8000);
+  slow.edit({ size: 2 });
+  slow.flush();
+  vi.advanceTimersByTime(7000);
+  slow.receive({ size: 1, name: "a" }, slow.version);
+  expect(slow.values.size).toBe(2);
+  vi.advanceTimersByTime(2000);
+  slow.receive({ size: 5, name: "a" }, slow.version);
+  expect(slow.values.size).toBe(5);
+});
