@@ -39,7 +39,7 @@ ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources} ${support_source
 # Thread tests: the workers as real threads on a platform made of standard primitives.
 file(GLOB thread_sources CONFIGURE_DEPENDS tests/threads/*.cpp)
 ravelin_test_program(ravelin_thread_tests
-    SOURCES ${thread_sources} tests/support/engine_reset.cpp
+    SOURCES ${thread_sources} tests/support/engine_reset.cpp tests/support/engine_defaults.cpp
     LIBRARIES ravelin_core GTest::gmock_main)
 
 if(WIN32)
@@ -71,7 +71,8 @@ else()
     find_package(benchmark QUIET)
     if(benchmark_FOUND AND bench_sources)
         ravelin_test_program(ravelin_bench SOURCES ${bench_sources}
-            tests/support/engine_reset.cpp tests/threads/live_platform.cpp
+            tests/support/engine_reset.cpp tests/support/engine_defaults.cpp
+            tests/threads/live_platform.cpp
             LIBRARIES ravelin_core benchmark::benchmark_main)
     endif()
 endif()
