@@ -1,6 +1,6 @@
 // Windows programs in the project's Wine prefix, all on one virtual desktop.
 import { execFile, execFileSync, spawn } from 'node:child_process';
-import { existsSync, mkdirSync, readFileSync, rmSync, statSync } from 'node:fs';
+import { closeSync, existsSync, mkdirSync, openSync, readFileSync, rmSync, statSync } from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { promisify } from 'node:util';
@@ -36,35 +36,61 @@ export function dataFolder() {
 /** Every program started from here on shares one desktop, so that focus and hooks work across them. */
 export function useVirtualDesktop() {
     const set = (key, name, value, type = 'REG_SZ') =>
-        execFileSync('wine', ['reg', 'add', key, '/v', name, '/t', type, '/d', value, '/f'], { env: environment, stdio: 'ignore' });
+        execFileSync('wine', ['reg', 'add', key, '/v', name, '/t', type, '/d', value, '/f'], { env: environment, stdio: 'ignore', timeout: 60_000 });
     set('HKCU\\Software\\Wine\\Explorer', 'Desktop', desktop);
     set('HKCU\\Software\\Wine\\Explorer\\Desktops', desktop, '1280x1000');
     // A crash ends the process; nobody is there to close a dialog.
     set('HKCU\\Software\\Wine\\WineDbg', 'ShowCrashDialog', '0', 'REG_DWORD');
 }
 
+let startedSoFar = 0;
+const running = new Set();
+// What a failed test left behind must not stand in the way of the next one.
+process.on('exit', () => running.forEach((child) => child.kill('SIGKILL')));
+
 /**
  * Starts a Windows program. The result has the process, the promise `exited` of its exit code and
  * the text it printed so far.
+ *
+ * Its output goes to a file: a pipe would also be held by what the program starts and by the
+ * desktop's own processes, which outlive it, and would end with the last of them.
  */
 export function start(program, args = [], options = {}) {
+    const log = path.join(scratch, `output-${process.pid}-${++startedSoFar}.log`);
+    const output = openSync(log, 'w');
     const child = spawn('wine', [program, ...args], {
         env: { ...environment, ...options.env },
         cwd: options.cwd ?? programFolder,
-        stdio: ['ignore', 'pipe', 'pipe'],
+        stdio: ['ignore', output, output],
     });
-    const started = { process: child, output: '', errors: '' };
-    child.stdout.on('data', (data) => (started.output += data));
-    child.stderr.on('data', (data) => (started.errors += data));
-    started.exited = new Promise((resolve) => child.on('close', (code) => resolve(code)));
-    return started;
+    closeSync(output);
+    running.add(child);
+    child.unref(); // who waits for its end does so with a limit, see within()
+    return {
+        process: child,
+        get output() {
+            return readFileSync(log, 'utf8');
+        },
+        exited: new Promise((resolve, reject) => {
+            child.on('error', reject);
+            child.on('exit', (code) => {
+                running.delete(child);
+                resolve(code);
+            });
+        }),
+    };
 }
 
-/** Runs a Windows program to its end. */
+/** Runs a Windows program to its end; one that does not end in time is killed. */
 export async function runToEnd(program, args = [], options = {}) {
     const started = start(program, args, options);
-    const code = await within(options.timeout ?? 60_000, started.exited, `${program} to end`);
-    return { code, output: started.output };
+    try {
+        const code = await within(options.timeout ?? 60_000, started.exited, `${program} to end`);
+        return { code, output: started.output };
+    } catch (error) {
+        started.process.kill('SIGKILL');
+        throw error;
+    }
 }
 
 /** The promise's value, or an error naming what was waited for. */
@@ -93,14 +119,14 @@ export async function until(ask, what, milliseconds = 20_000) {
 
 /** Real keyboard and mouse input on the display. */
 export async function xdotool(...args) {
-    const { stdout } = await run('xdotool', args.map(String));
+    const { stdout } = await run('xdotool', args.map(String), { timeout: 20_000 });
     return stdout.trim();
 }
 
 export async function screenshot(name) {
     const file = path.join(build, 'screenshots', `${name}.png`);
     mkdirSync(path.dirname(file), { recursive: true });
-    await run('import', ['-window', 'root', file]);
+    await run('import', ['-window', 'root', file], { timeout: 20_000 });
     return file;
 }
 
