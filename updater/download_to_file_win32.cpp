@@ -1,5 +1,4 @@
-#include <algorithm>
-#include <vector>
+#include <string_view>
 
 #include "updater/https_request_win32.h"
 #include "updater/https_win32.h"
@@ -7,8 +6,6 @@
 namespace ravelin {
 
 namespace {
-
-constexpr DWORD bufferBytes = 65536;
 
 // A file that did not exist before and is deleted again unless it is kept.
 class NewFile {
@@ -26,9 +23,11 @@ class NewFile {
     }
 
     explicit operator bool() const { return exists_; }
-    bool write(const char* bytes, DWORD size) {
+    bool write(std::string_view bytes) {
         DWORD written = 0;
-        return WriteFile(file_.get(), bytes, size, &written, nullptr) && written == size;
+        return WriteFile(file_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                         nullptr) &&
+               written == bytes.size();
     }
     void keep() { kept_ = true; }
 
@@ -41,18 +40,17 @@ class NewFile {
 
 bool transfer(HttpsRequest& request, NewFile& file, DownloadMeter& meter,
               const ProgressSink& sink) {
-    std::vector<char> buffer(bufferBytes);
     if (!sink(0, meter.declared())) return false;
     for (;;) {
         // A connection that breaks off here is a short file, which the digest tells.
         const DWORD announced = request.available().value_or(0);
         if (announced == 0) break;
-        const auto read = request.read(buffer.data(), std::min(announced, bufferBytes));
-        if (!read) return false;
-        if (*read == 0) break;
-        meter.add(*read);
+        const auto chunk = request.read(announced);
+        if (!chunk) return false;
+        if (chunk->empty()) break;
+        meter.add(chunk->size());
         if (meter.isTooLarge()) return false;
-        if (!file.write(buffer.data(), *read)) return false;
+        if (!file.write(*chunk)) return false;
         if (meter.isReportDue(GetTickCount64()) && !sink(meter.received(), meter.declared()))
             return false;
     }

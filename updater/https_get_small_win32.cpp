@@ -13,12 +13,10 @@ bool HttpsGetSmall(const std::string& url, std::string& body) {
         if (!announced) return false;
         if (*announced == 0) return true;
         if (*announced > manifestCap - body.size()) return false;
-        const std::size_t before = body.size();
-        body.resize(before + *announced);
-        const auto read = request->read(body.data() + before, *announced);
-        if (!read) return false;
-        body.resize(before + *read);
-        if (*read == 0) return true;
+        const auto piece = request->read(*announced);
+        if (!piece) return false;
+        if (piece->empty()) return true;
+        body += *piece;
     }
 }
 

@@ -47,7 +47,8 @@ std::optional<HttpsRequest> HttpsRequest::get(const std::string& url) {
 
     HttpsRequest made;
     made.session_.reset(WinHttpOpen(userAgent, WINHTTP_ACCESS_TYPE_DEFAULT_PROXY,
-                                    WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
+                                    WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS,
+                                    WINHTTP_FLAG_ASYNC));
     if (!made.session_) return std::nullopt;
     if (!WinHttpSetTimeouts(made.session_.get(), networkTimeout, networkTimeout, networkTimeout,
                             networkTimeout))
@@ -59,12 +60,17 @@ std::optional<HttpsRequest> HttpsRequest::get(const std::string& url) {
                                            nullptr, WINHTTP_NO_REFERER,
                                            WINHTTP_DEFAULT_ACCEPT_TYPES, WINHTTP_FLAG_SECURE));
     if (!made.request_) return std::nullopt;
-    if (!WinHttpSendRequest(made.request_.get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0,
-                            WINHTTP_NO_REQUEST_DATA, 0, 0, 0))
-        return std::nullopt;
-    if (!WinHttpReceiveResponse(made.request_.get(), nullptr)) return std::nullopt;
-    if (made.status() != HTTP_STATUS_OK) return std::nullopt;
+    made.exchange_ = HttpExchange::attach(made.request_.get());
+    if (!made.exchange_ || !made.send() || made.status() != HTTP_STATUS_OK) return std::nullopt;
     return made;
+}
+
+bool HttpsRequest::send() {
+    if (!WinHttpSendRequest(request_.get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0,
+                            WINHTTP_NO_REQUEST_DATA, 0, 0, 0) ||
+        !exchange_->wait())
+        return false;
+    return WinHttpReceiveResponse(request_.get(), nullptr) && exchange_->wait();
 }
 
 DWORD HttpsRequest::status() const {
@@ -86,15 +92,16 @@ std::string HttpsRequest::contentLength() const {
 }
 
 std::optional<DWORD> HttpsRequest::available() {
-    DWORD bytes = 0;
-    if (!WinHttpQueryDataAvailable(request_.get(), &bytes)) return std::nullopt;
-    return bytes;
+    if (!WinHttpQueryDataAvailable(request_.get(), nullptr) || !exchange_->wait())
+        return std::nullopt;
+    return exchange_->bytes();
 }
 
-std::optional<DWORD> HttpsRequest::read(char* buffer, DWORD size) {
-    DWORD bytes = 0;
-    if (!WinHttpReadData(request_.get(), buffer, size, &bytes)) return std::nullopt;
-    return bytes;
+std::optional<std::string_view> HttpsRequest::read(DWORD size) {
+    size = std::min(size, HttpExchange::bufferBytes);
+    if (!WinHttpReadData(request_.get(), exchange_->buffer(), size, nullptr) || !exchange_->wait())
+        return std::nullopt;
+    return std::string_view(exchange_->buffer(), exchange_->bytes());
 }
 
 }  // namespace ravelin
