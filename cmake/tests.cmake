@@ -62,6 +62,11 @@ if(WIN32)
     foreach(tool witness window_tool)
         target_link_libraries(${tool} PRIVATE ravelin_options shell32)
     endforeach()
+    # The updater's steps on command, and something to hand over to.
+    ravelin_test_program(update_probe SOURCES tests/update/tools/update_probe_main.cpp
+        LIBRARIES ravelin_windows ravelin_core ravelin_windows)
+    ravelin_test_program(stand_in_installer SOURCES tests/update/tools/stand_in_installer_main.cpp
+        LIBRARIES ravelin_options)
     file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
     if(wine_tools)
         add_subdirectory(tests/wine)

@@ -57,5 +57,6 @@ step 'wine prefix' ensure_prefix
 step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
 step 'end-to-end tests' end_to_end_tests
+step 'update tests' tests/update/run_tests.sh
 step 'format' scripts/lint.sh --steps check_format
 summary

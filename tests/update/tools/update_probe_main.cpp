@@ -1,0 +1,114 @@
+// Carries out the updater's steps on command: one line in, one JSON object a line out.
+//
+//   check                      asks for an update
+//   source [SOURCE]            sets where the manifest comes from; nothing for the vendor's host
+//   download URL SHA256 [N]    downloads and verifies; the N-th report of progress stops it
+//   discard PATH               removes an installer that was downloaded
+//   temp PATH                  where temporary files go from here on
+//   trust FILE                 adds a certificate to the user's trusted roots
+//   handles                    how many handles the process holds
+#include <windows.h>
+// Needs the types of windows.h.
+#include <wincrypt.h>
+
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+#include "support/text.h"
+#include "support/utf.h"
+#include "updater/update_check.h"
+#include "updater/update_download.h"
+
+namespace {
+
+using namespace ravelin;
+
+std::string rest(std::istringstream& words) {
+    std::string text;
+    std::getline(words >> std::ws, text);
+    return text;
+}
+
+std::string check() {
+    const UpdateCheckResult result = CheckForUpdate();
+    const UpdateManifestInfo& m = result.manifest;
+    return std::string(R"({"available":)") + (result.available ? "true" : "false") +
+           R"(,"ownVersion":)" + jsonQuote(result.ownVersion) + R"(,"tier":)" + jsonQuote(m.tier) +
+           R"(,"version":)" + jsonQuote(m.version) + R"(,"url":)" + jsonQuote(m.url) +
+           R"(,"sha256":)" + jsonQuote(m.sha256) + R"(,"sig":)" + jsonQuote(m.sig) + "}";
+}
+
+std::string download(std::istringstream& words) {
+    UpdateManifestInfo manifest;
+    std::size_t stopAt = 0;
+    words >> manifest.url >> manifest.sha256 >> stopAt;
+    std::string progress;
+    std::size_t reports = 0;
+    std::wstring path;
+    const std::string message = DownloadAndVerify(
+        manifest,
+        [&](std::uint64_t done, std::uint64_t total) {
+            progress += (progress.empty() ? "[" : ",[") + std::to_string(done) + ',' +
+                        std::to_string(total) + ']';
+            return ++reports != stopAt;
+        },
+        path);
+    return R"({"message":)" + jsonQuote(message) + R"(,"path":)" + jsonQuote(narrow(path)) +
+           R"(,"progress":[)" + progress + "]}";
+}
+
+std::string trust(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    const HCERTSTORE store = CertOpenSystemStoreW(0, L"Root");
+    const BOOL added = CertAddEncodedCertificateToStore(
+        store, X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(bytes.data()),
+        static_cast<DWORD>(bytes.size()), CERT_STORE_ADD_REPLACE_EXISTING, nullptr);
+    CertCloseStore(store, 0);
+    return std::string(R"({"trusted":)") + (added ? "true}" : "false}");
+}
+
+std::string answer(const std::string& line) {
+    std::istringstream words(line);
+    std::string command;
+    words >> command;
+    if (command == "check") return check();
+    if (command == "download") return download(words);
+    if (command == "trust") return trust(rest(words));
+    if (command == "source") {
+        setUpdateManifestSource(rest(words));
+        return "{}";
+    }
+    if (command == "discard") {
+        discardInstaller(widen(rest(words)));
+        return "{}";
+    }
+    if (command == "temp") {
+        const std::wstring folder = widen(rest(words));
+        SetEnvironmentVariableW(L"TMP", folder.c_str());
+        SetEnvironmentVariableW(L"TEMP", folder.c_str());
+        return "{}";
+    }
+    if (command == "handles") {
+        DWORD count = 0;
+        GetProcessHandleCount(GetCurrentProcess(), &count);
+        return R"({"handles":)" + std::to_string(count) + "}";
+    }
+    return R"({"error":"unknown command"})";
+}
+
+}  // namespace
+
+int main() {
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        if (line.ends_with('\r')) line.pop_back();
+        std::puts(answer(line).c_str());
+        std::fflush(stdout);
+    }
+    return 0;
+}
