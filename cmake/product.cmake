@@ -28,6 +28,8 @@ endif()
 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/product.h.in ${PROJECT_BINARY_DIR}/generated/product.h @ONLY)
 
+configure_file(${CMAKE_CURRENT_LIST_DIR}/product.nsh.in ${PROJECT_BINARY_DIR}/generated/product.nsh @ONLY)
+
 # The resource compiler wants four numbers with commas.
 string(REPLACE "." "," RAVELIN_VERSION_NUMBERS "${RAVELIN_VERSION}.0")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/product_version.h.in

@@ -67,6 +67,7 @@ if(WIN32)
         LIBRARIES ravelin_windows ravelin_core ravelin_windows)
     ravelin_test_program(stand_in_installer SOURCES tests/update/tools/stand_in_installer_main.cpp
         LIBRARIES ravelin_options)
+    include(cmake/next_version.cmake)
     file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
     if(wine_tools)
         add_subdirectory(tests/wine)

@@ -11,14 +11,14 @@ let count = 0;
 
 export class Ravelin {
     /** Starts the program and waits until its page asks for the status. */
-    static async open({ args = [], keepData = false, env = {} } = {}) {
+    static async open({ program = 'Ravelin.exe', args = [], keepData = false, env = {} } = {}) {
         if (!keepData) clearDataFolder();
         const ravelin = new Ravelin();
         ravelin.ports = path.join(scratch, `devtools-${process.pid}-${++count}`);
         rmSync(ravelin.ports, { recursive: true, force: true });
         mkdirSync(ravelin.ports, { recursive: true });
         rmSync(path.join(dataFolder(), 'status.txt'), { force: true });
-        ravelin.run = start('Ravelin.exe', args, { env: { RAVELIN_TEST_DEVTOOLS_DIR: ravelin.ports, ...env } });
+        ravelin.run = start(program, args, { env: { RAVELIN_TEST_DEVTOOLS_DIR: ravelin.ports, ...env } });
         await until(() => ravelin.status(), 'the first status poll', 60_000);
         return ravelin;
     }

@@ -4,6 +4,7 @@
 //   window_tool.exe state TITLE          one line of JSON about the window
 //   window_tool.exe text TITLE           the texts of its child windows, as in a message box
 //   window_tool.exe close|minimize|restore|maximize TITLE
+//   window_tool.exe press TITLE ID       presses a button of a dialog by its identifier
 //   window_tool.exe crash TITLE          makes the process of the window fail as a bug would
 //   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
 //
@@ -102,6 +103,9 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
         ShowWindow(window, SW_RESTORE);
     } else if (command == L"maximize") {
         ShowWindow(window, SW_MAXIMIZE);
+    } else if (command == L"press" && count > 3) {
+        const HWND button = GetDlgItem(window, number(arguments[3]));
+        PostMessageW(button != nullptr ? button : window, BM_CLICK, 0, 0);
     } else if (command == L"crash") {
         crash(window);
     } else if (command == L"move" && count > 6) {

@@ -6,6 +6,7 @@
 //   discard PATH               removes an installer that was downloaded
 //   temp PATH                  where temporary files go from here on
 //   trust FILE                 adds a certificate to the user's trusted roots
+//   hold PATH                  opens a file so that nobody else can, until `release`
 //   handles                    how many handles the process holds
 #include <windows.h>
 // Needs the types of windows.h.
@@ -20,12 +21,15 @@
 
 #include "support/text.h"
 #include "support/utf.h"
+#include "support/win32_handles.h"
 #include "updater/update_check.h"
 #include "updater/update_download.h"
 
 namespace {
 
 using namespace ravelin;
+
+FileHandle held;
 
 std::string rest(std::istringstream& words) {
     std::string text;
@@ -91,6 +95,15 @@ std::string answer(const std::string& line) {
         const std::wstring folder = widen(rest(words));
         SetEnvironmentVariableW(L"TMP", folder.c_str());
         SetEnvironmentVariableW(L"TEMP", folder.c_str());
+        return "{}";
+    }
+    if (command == "hold") {
+        held.reset(CreateFileW(widen(rest(words)).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
+        return held ? "{}" : R"({"error":"cannot open"})";
+    }
+    if (command == "release") {
+        held.reset();
         return "{}";
     }
     if (command == "handles") {

@@ -1,0 +1,25 @@
+# The program as the next version, for updates to lead to. Only what knows the version is compiled
+# again: the linker takes those objects before the ones of the libraries.
+set(next_folder ${PROJECT_BINARY_DIR}/generated-next)
+
+function(configure_next_version)
+    string(REGEX MATCH "^([0-9]+\\.[0-9]+\\.)([0-9]+)$" matched ${RAVELIN_VERSION})
+    math(EXPR patch "${CMAKE_MATCH_2} + 1")
+    set(RAVELIN_VERSION ${CMAKE_MATCH_1}${patch})
+    string(REPLACE "." "," RAVELIN_VERSION_NUMBERS "${RAVELIN_VERSION}.0")
+    foreach(file product.h product_version.h product.nsh)
+        configure_file(cmake/${file}.in ${next_folder}/${file} @ONLY)
+    endforeach()
+endfunction()
+configure_next_version()
+
+set(next_sources ${windows_sources} ${core_sources})
+foreach(source ${next_sources})
+    file(STRINGS ${source} mention REGEX "#include \"(product|app/window_titles)\\.h\"")
+    if(NOT mention)
+        list(REMOVE_ITEM next_sources ${source})
+    endif()
+endforeach()
+add_executable(ravelin_next WIN32 app/ravelin_main.cpp ${next_sources} packaging/ravelin.rc)
+target_include_directories(ravelin_next BEFORE PRIVATE ${next_folder})
+target_link_libraries(ravelin_next PRIVATE ravelin_windows ravelin_core ravelin_windows)
