@@ -26,10 +26,9 @@ thread_tests_tsan() { build_preset tsan ravelin_thread_tests && "$BUILD/tsan/rav
 host_programs() { build_preset host; }
 unit_tests_wine() { wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
 windows_tests() {
-    # The end-to-end tests leave every program on one desktop; these tests bring their own. The
-    # log-on tests depend on what the prefix holds and run by hand until they bring their own key.
+    # The end-to-end tests leave every program on one desktop; these tests bring their own.
     wine reg delete 'HKCU\Software\Wine\Explorer' /f >/dev/null 2>&1 || true
-    tests/windows/run_tests.sh '--gtest_filter=-LaunchAtLogOn.*'
+    tests/windows/run_tests.sh
 }
 # Each file with a limit of its own, so that a program that hangs names itself and ends nothing else.
 end_to_end_tests() {

@@ -18,7 +18,7 @@ key='HKLM\SOFTWARE\Microsoft\EdgeUpdate\ClientState\{F3017226-FE2A-4295-8BDF-00C
 
 mkdir -p "$folder/EBWebView/x64"
 # Moved into place, because running programs may have the old files open.
-for file in EmbeddedBrowserWebView.dll browser_keeper.sh; do
+for file in EmbeddedBrowserWebView.dll browser_keeper.sh run_below_wine.exe; do
     if cmp -s "$built/$file" "$folder/EBWebView/x64/$file"; then continue; fi
     cp "$built/$file" "$folder/EBWebView/x64/.$file.new"
     mv "$folder/EBWebView/x64/.$file.new" "$folder/EBWebView/x64/$file"

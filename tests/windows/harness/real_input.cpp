@@ -2,26 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <string>
 
-#include "support/utf.h"
 #include "support/win32_error.h"
-#include "support/win32_handles.h"
+#include "tests/windows/harness/below_wine.h"
 
 namespace ravelin::test {
 
 namespace {
 
-// Where the script that runs the tests has found xdotool, as Wine names files of the Unix side.
-std::wstring xdotoolPath() {
-    std::array<wchar_t, MAX_PATH> path{};
-    const DWORD length = GetEnvironmentVariableW(L"RAVELIN_XDOTOOL", path.data(), MAX_PATH);
-    std::wstring unixPath(path.data(), length < MAX_PATH ? length : 0);
-    if (unixPath.empty()) return {};
-    std::replace(unixPath.begin(), unixPath.end(), L'/', L'\\');
-    return L"\\\\?\\unix" + unixPath;
+// Where the script that runs the tests has found xdotool; empty without it.
+std::string xdotoolPath() {
+    std::array<char, MAX_PATH> path{};
+    const DWORD length = GetEnvironmentVariableA("RAVELIN_XDOTOOL", path.data(), MAX_PATH);
+    return {path.data(), length < MAX_PATH ? length : 0};
 }
 
 }  // namespace
@@ -32,16 +27,7 @@ bool hasRealInput() {
 }
 
 void realInput(std::string_view commands) {
-    const std::wstring program = xdotoolPath();
-    std::wstring line = L"xdotool " + widen(commands);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION created{};
-    const BOOL started = CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0,
-                                        nullptr, nullptr, &start, &created);
-    EXPECT_NE(started, 0) << "xdotool: " << lastErrorText();
-    const ProcessHandle process(created.hProcess);
-    const KernelHandle thread(created.hThread);
+    EXPECT_TRUE(runBelowWine(xdotoolPath(), commands)) << "xdotool: " << lastErrorText();
 }
 
 void realInput(HWND window, std::string_view commands) {

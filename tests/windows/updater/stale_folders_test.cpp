@@ -7,8 +7,8 @@
 #include <string>
 
 #include "support/utf.h"
-#include "support/win32_handles.h"
 #include "tests/support/temp_folder.h"
+#include "tests/windows/harness/below_wine.h"
 #include "tests/windows/harness/eventually.h"
 #include "updater/stale_folders.h"
 #include "updater/temporary_folder.h"
@@ -62,19 +62,8 @@ class StaleFoldersOnDisk : public testing::Test {
     fs::path root() const { return folder_.path(); }
 
   private:
-    // A tool of the system below Wine, in this folder. Its end is not always told.
     bool runBelow(const std::string& tool, const std::string& arguments) const {
-        const std::wstring program = widen("\\\\?\\unix\\bin\\" + tool);
-        std::wstring command = widen(tool + " " + arguments);
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        PROCESS_INFORMATION made{};
-        if (!CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                            root().wstring().c_str(), &start, &made))
-            return false;
-        const ProcessHandle process(made.hProcess);
-        const KernelHandle thread(made.hThread);
-        return true;
+        return test::runBelowWine("/bin/" + tool, arguments, root().wstring());
     }
 
     test::TempFolder folder_;

@@ -26,17 +26,19 @@ bool BrowserProcess::launchKeeper() const {
         logLine("this runtime works under Wine only");
         return false;
     }
-    std::wstring command = toWide("/bin/bash \"" + script + "\" " + std::to_string(line_->port()));
+    const std::wstring launcher = moduleFolder() + L"\\run_below_wine.exe";
+    std::wstring command = L'"' + launcher + L'"' +
+                           toWide(" /bin/bash \"" + script + "\" " + std::to_string(line_->port()));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(L"\\\\?\\unix\\bin\\bash", command.data(), nullptr, nullptr, FALSE, 0,
-                       nullptr, nullptr, &startup, &process) == 0) {
+    if (CreateProcessW(launcher.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       nullptr, &startup, &process) == 0) {
         logLine("cannot start " + toUtf8(command) + ": error " + std::to_string(GetLastError()));
         return false;
     }
-    if (process.hThread != nullptr) CloseHandle(process.hThread);
-    if (process.hProcess != nullptr) CloseHandle(process.hProcess);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
     return true;
 }
 
