@@ -138,9 +138,17 @@ void EmbeddedBrowser::place(const RECT& bounds) {
 }
 
 void EmbeddedBrowser::applySize() {
-    const int width = std::max<int>(1, bounds_.right - bounds_.left);
-    const int height = std::max<int>(1, bounds_.bottom - bounds_.top);
-    page_->resize(width, height, zoom_.factor);
+    corner_ = screen_->corner();
+    const SIZE size{std::max(1L, bounds_.right - bounds_.left),
+                    std::max(1L, bounds_.bottom - bounds_.top)};
+    const SIZE screen{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    page_->resize({corner_, size, screen}, zoom_.factor);
+}
+
+void EmbeddedBrowser::followMoves() {
+    if (!screen_) return;
+    const POINT now = screen_->corner();
+    if (now.x != corner_.x || now.y != corner_.y) applySize();
 }
 
 void EmbeddedBrowser::show(bool visible) {
@@ -202,6 +210,8 @@ std::optional<LRESULT> EmbeddedBrowser::handleMessage(UINT message, WPARAM wide,
         page_->setFocus(message == WM_SETFOCUS);
         return 0;
     }
+    // The host's window may have been moved, and what is pressed may ask where on the screen it is.
+    if (message == WM_LBUTTONDOWN || message == WM_KEYDOWN) followMoves();
     if (message == WM_SETCURSOR && LOWORD(lng) == HTCLIENT) {
         SetCursor(LoadCursorW(nullptr, IDC_ARROW));
         return TRUE;

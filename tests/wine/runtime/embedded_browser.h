@@ -47,6 +47,7 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     void startScreencast(int attempts);
     void takeFrame(Frame frame, int number);
     void applySize();
+    void followMoves();
     bool takeAccelerator(int virtualKey, int modifiers);
     void showDialog(const std::string& kind, const std::string& text);
     std::optional<LRESULT> handleMessage(UINT message, WPARAM wide, LPARAM lng);
@@ -56,6 +57,7 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     BrowserSettings settings_;
     Zoom zoom_;
     RECT bounds_{};
+    POINT corner_{};  // of the page on the screen, as the page was last told
     bool framesCame_ = false;
     std::shared_ptr<BrowserProcess> process_;
     std::shared_ptr<DevToolsConnection> connection_;

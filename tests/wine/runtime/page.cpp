@@ -1,5 +1,7 @@
 #include "page.h"
 
+#include <algorithm>
+
 #include "log.h"
 #include "page_scripts.h"
 
@@ -33,6 +35,7 @@ void Page::prepare(TextDone ready, const std::string& target) {
     connection_->send("Runtime.enable");
     connection_->send("Runtime.addBinding", {{"name", messageBinding}});
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", bridgeScript}});
+    connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", screenPlaceScript}});
     connection_->send("Page.getFrameTree", Json::object(),
                       [self = shared_from_this(), ready, target](const Json& tree, auto&) {
                           self->frame_ = tree["frameTree"]["frame"].value("id", "");
@@ -133,10 +136,19 @@ void Page::execute(const std::string& script, TextDone done) {
     });
 }
 
-void Page::resize(int width, int height, double zoom) {
+void Page::resize(const PagePlace& place, double zoom) {
+    const auto scaled = [zoom](long pixels) { return static_cast<int>(pixels / zoom); };
+    // A place beyond the screen is refused.
+    const auto onScreen = [scaled](long at, long size) {
+        return scaled(std::clamp(at, 0L, size - 1));
+    };
     connection_->send("Emulation.setDeviceMetricsOverride",
-                      {{"width", static_cast<int>(width / zoom)},
-                       {"height", static_cast<int>(height / zoom)},
+                      {{"width", scaled(place.size.cx)},
+                       {"height", scaled(place.size.cy)},
+                       {"positionX", onScreen(place.corner.x, place.screen.cx)},
+                       {"positionY", onScreen(place.corner.y, place.screen.cy)},
+                       {"screenWidth", scaled(place.screen.cx)},
+                       {"screenHeight", scaled(place.screen.cy)},
                        {"deviceScaleFactor", zoom},
                        {"mobile", false}});
 }

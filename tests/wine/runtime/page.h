@@ -2,6 +2,8 @@
 // its size and focus. Everything runs on the user-interface thread.
 #pragma once
 
+#include <windows.h>
+
 #include <deque>
 #include <functional>
 #include <memory>
@@ -10,6 +12,13 @@
 #include "devtools_connection.h"
 
 namespace ravelin::browser {
+
+// Where the page is shown, in pixels.
+struct PagePlace {
+    POINT corner;  // on the screen
+    SIZE size;
+    SIZE screen;
+};
 
 class Page : public std::enable_shared_from_this<Page> {
   public:
@@ -34,7 +43,7 @@ class Page : public std::enable_shared_from_this<Page> {
     // Evaluates in the current document; `done` gets the value as JSON, "null" on an exception.
     void execute(const std::string& script, TextDone done);
 
-    void resize(int width, int height, double zoom);
+    void resize(const PagePlace& place, double zoom);
     void setFocus(bool focused);
     // Sends an input command; the reply comes when the page has taken the event.
     void input(const std::string& method, Json parameters, Done taken = {});

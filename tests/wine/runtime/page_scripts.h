@@ -17,4 +17,19 @@ inline constexpr char bridgeScript[] = R"js((() => {
   window.chrome = Object.assign(window.chrome ?? {}, { webview });
 })();)js";
 
+// A headless browser takes its own hidden window for the place of every mouse event. A click made
+// with the keyboard keeps the zeros that it has everywhere.
+inline constexpr char screenPlaceScript[] = R"js((() => {
+  for (const axis of ['X', 'Y']) {
+    Object.defineProperty(MouseEvent.prototype, 'screen' + axis, {
+      configurable: true,
+      enumerable: true,
+      get() {
+        if (this.type === 'click' && this.detail === 0) return 0;
+        return this['client' + axis] + window['screen' + axis];
+      },
+    });
+  }
+})();)js";
+
 }  // namespace ravelin::browser

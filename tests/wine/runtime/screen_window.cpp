@@ -34,6 +34,12 @@ void ScreenWindow::place(const RECT& bounds) {
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+POINT ScreenWindow::corner() const {
+    POINT corner{};
+    ClientToScreen(window_, &corner);
+    return corner;
+}
+
 void ScreenWindow::show(bool visible) {
     ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }

@@ -22,6 +22,8 @@ class ScreenWindow {
     ScreenWindow& operator=(const ScreenWindow&) = delete;
 
     HWND handle() const { return window_; }
+    // The upper left corner on the screen, in pixels.
+    POINT corner() const;
     void place(const RECT& bounds);
     void show(bool visible);
     // Paints at once. Where the frame does not reach, the window stays white.
