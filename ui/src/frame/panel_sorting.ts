@@ -8,6 +8,8 @@ interface Dragged {
   order: (ids: string[]) => void;
   // A panel was let go outside of the window; false when it cannot have one of its own.
   tearOff: (id: string, at: ScreenPoint) => boolean;
+  // The panel that would be torn off if it were let go now; empty when there is none.
+  leaving: (id: string) => void;
 }
 
 // Dragging panels by their headers. The library comes as a script of its own and may be missing;
@@ -17,6 +19,17 @@ export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
     const library = (window as { Sortable?: typeof Sortable }).Sortable;
     if (!library) return undefined;
     let next: Node | null = null;
+    let held = "";
+    const follow = (event: PointerEvent) => dragged.leaving(isOutside(event) ? held : "");
+    const hold = (id: string) => {
+      held = id;
+      if (id !== "") {
+        window.addEventListener("pointermove", follow, true);
+        return;
+      }
+      window.removeEventListener("pointermove", follow, true);
+      dragged.leaving("");
+    };
     const sorting = library.create(dashboard, {
       handle: ".panel-header",
       draggable: ".panel",
@@ -29,7 +42,9 @@ export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
       animation: motionAllowed() ? 160 : 0,
       ghostClass: "drop-place",
       onChoose: (event) => void (next = event.item.nextSibling),
+      onStart: (event) => hold(event.item.id),
       onEnd: (event) => {
+        hold("");
         const order = sorting.toArray();
         // The list is drawn from its data: the element goes back to where it was, and the new
         // order moves it.
@@ -39,7 +54,10 @@ export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
         dragged.order(order);
       },
     });
-    return () => sorting.destroy();
+    return () => {
+      hold("");
+      sorting.destroy();
+    };
   };
 }
 

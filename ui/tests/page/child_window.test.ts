@@ -1,39 +1,13 @@
 import { expect, test } from "vitest";
+import { panelScript, panelWindowMethods } from "./panel_window";
 import { useViews } from "./views";
 import type { View, ViewOptions } from "./harness";
 
-const only = [
-  "updateSpammer", "updateKeySpam", "removeKeySpamTarget", "setKeySpamChordMode", "reassignKey",
-  "startSpammer", "stopSpammer", "startKeySpam", "stopKeySpam",
-  "resizeWindow", "beginWindowDrag", "closeThisWindow",
-];
-const open = useViews({ width: 450, height: 400, only });
+const open = useViews({ width: 450, height: 400, only: panelWindowMethods });
 let view: View;
 
-// What the program appends to the page of a window that shows one panel.
-const appended = (id: string, theme: string) => `<script>
-  if (typeof applyTheme === "function") applyTheme(${JSON.stringify(theme)});
-  document.getElementById("theme-select").value =
-    typeof currentThemeKey !== "undefined" ? currentThemeKey : "ravelin";
-  document.querySelectorAll(".panel").forEach((panel) => (panel.style.display = "none"));
-  const panel = document.getElementById(${JSON.stringify(id)});
-  panel.style.display = "block";
-  panel.style.borderRadius = "0";
-  panel.style.boxShadow = "none";
-  panel.style.border = "none";
-  const header = panel.querySelector(".panel-header");
-  header.style.cursor = "move";
-  header.addEventListener("mousedown", (event) => {
-    if (event.button === 0 && !event.target.closest(".panel-btn")) beginWindowDrag("");
-  });
-  document.body.style.padding = "0";
-  document.getElementById("dashboard").style.gap = "0";
-  document.body.style.visibility = "visible";
-  if (typeof resizeHostWindow === "function") resizeHostWindow();
-</script>`;
-
 async function show(id: string, theme = "ravelin", options: ViewOptions = {}): Promise<void> {
-  view = await open({ appended: appended(id, theme), ...options });
+  view = await open({ appended: panelScript(id, theme), ...options });
   await view.page.locator(`#${id}`).waitFor();
 }
 
@@ -115,7 +89,7 @@ test("settings and profiles point to the main window", async () => {
 
 test("shows what the program has written down, when it can read it", async () => {
   await show("panel-spammer", "ravelin", {
-    only: [...only, "getTrackerStatus", "getSettings"],
+    only: [...panelWindowMethods, "getTrackerStatus", "getSettings"],
     settings: { sms: 40 },
     status: { autoClicking: true, panelHover: true },
   });
@@ -129,7 +103,7 @@ test("shows what the program has written down, when it can read it", async () =>
 
 test("keeps an edit while the program has not written it down yet", async () => {
   await show("panel-spammer", "ravelin", {
-    only: ["getSettings", ...only.filter((name) => name !== "updateSpammer")],
+    only: ["getSettings", ...panelWindowMethods.filter((name) => name !== "updateSpammer")],
     settings: { sms: 40 },
   });
   const panel = view.page.locator("#panel-spammer");

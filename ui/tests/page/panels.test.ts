@@ -140,13 +140,48 @@ test("a panel let go outside of the window gets one of its own", async () => {
   await view.page.mouse.down();
   await view.page.mouse.move(box.x + 20, box.y + 40, { steps: 4 });
   await view.page.mouse.move(600, 300, { steps: 8 });
+  const hint = view.page.getByText("Let go to show Macro in a window of its own");
+  await hint.waitFor();
+  await view.shot("tear_off_hint");
+  await view.page.mouse.move(200, 300, { steps: 4 });
+  await hint.waitFor({ state: "detached" });
+  await view.page.mouse.move(600, 300, { steps: 4 });
   await view.page.mouse.up();
   await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
+  await hint.waitFor({ state: "detached" });
   const scale = await view.page.evaluate(() => window.devicePixelRatio);
   const [call] = await view.calls("detachPanel");
   expect(call?.slice(0, 2)).toEqual(["Macro", "panel-tracker"]);
   expect(Number(call?.[2])).toBeGreaterThanOrEqual(600 * scale);
   expect(await view.calls("setPanelOrder")).toEqual([]);
+});
+
+test("a panel without use of its own shows no hint and stays when it is let go outside", async () => {
+  view = await open({ only: detachable, preferences: minimised });
+  const box = (await view.page.locator("#panel-profile h2").boundingBox())!;
+  await view.page.mouse.move(box.x + 20, box.y + 10);
+  await view.page.mouse.down();
+  await view.page.mouse.move(box.x + 20, box.y - 20, { steps: 4 });
+  await view.page.mouse.move(600, 300, { steps: 8 });
+  expect(await view.page.getByText("Let go to show").count()).toBe(0);
+  await view.page.mouse.up();
+  expect(await view.calls("detachPanel")).toEqual([]);
+  expect(await view.page.locator("#panel-profile").isVisible()).toBe(true);
+});
+
+test("detached with the keyboard, a panel's window opens at its button", async () => {
+  view = await open({ only: detachable });
+  const button = view.page.getByRole("button", { name: "Show Macro in a window of its own" });
+  await button.focus();
+  const box = (await button.boundingBox())!;
+  const [left, top, scale] = await view.page.evaluate(() => [screenX, screenY, devicePixelRatio]);
+  await button.press("Enter");
+  await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
+  const [call] = await view.calls("detachPanel");
+  expect(call?.slice(2, 4)).toEqual([
+    Math.round((left! + box.x) * scale!),
+    Math.round((top! + box.y) * scale!),
+  ]);
 });
 
 test("a panel that cannot be detached stays, and the program's reason is shown", async () => {
