@@ -45,6 +45,7 @@ export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
       onStart: (event) => hold(event.item.id),
       onEnd: (event) => {
         hold("");
+        setTimeout(endClick);
         const order = sorting.toArray();
         // The list is drawn from its data: the element goes back to where it was, and the new
         // order moves it.
@@ -59,6 +60,12 @@ export function panelSorting(dragged: Dragged): Attachment<HTMLElement> {
       sorting.destroy();
     };
   };
+}
+
+// After a drag the library swallows the click that it ends in. A drag may end in none, outside of the
+// window for one; the click that would be swallowed then is this one instead of the user's next.
+function endClick(): void {
+  document.dispatchEvent(new MouseEvent("click", { cancelable: true }));
 }
 
 // The event that ended the drag, which the library passes on without naming its type.

@@ -156,6 +156,18 @@ test("a panel let go outside of the window gets one of its own", async () => {
   expect(await view.calls("setPanelOrder")).toEqual([]);
 });
 
+test("after a panel was let go outside of the window the next click counts", async () => {
+  view = await open({ only: detachable, preferences: minimised });
+  const box = (await view.page.locator("#panel-tracker h2").boundingBox())!;
+  await view.page.mouse.move(box.x + 20, box.y + 10);
+  await view.page.mouse.down();
+  await view.page.mouse.move(600, box.y + 10, { steps: 8 });
+  await view.page.mouse.up();
+  await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
+  await view.page.getByRole("button", { name: "Show Key spammer in a window of its own" }).click();
+  await view.page.locator("#panel-keyspam").waitFor({ state: "hidden", timeout: 5000 });
+});
+
 test("a panel without use of its own shows no hint and stays when it is let go outside", async () => {
   view = await open({ only: detachable, preferences: minimised });
   const box = (await view.page.locator("#panel-profile h2").boundingBox())!;
