@@ -1,5 +1,5 @@
 // The real program on the virtual desktop, with its real page.
-import { mkdirSync, readdirSync, readFileSync, rmSync } from 'node:fs';
+import { mkdirSync, readdirSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import { chromium } from 'playwright-core';
 import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, until, within } from './wine.mjs';
@@ -14,6 +14,7 @@ export class Ravelin {
     static async open({ program = 'Ravelin.exe', args = [], keepData = false, env = {} } = {}) {
         if (!keepData) clearDataFolder();
         const ravelin = new Ravelin();
+        ravelin.browsers = [];
         ravelin.ports = path.join(scratch, `devtools-${process.pid}-${++count}`);
         rmSync(ravelin.ports, { recursive: true, force: true });
         mkdirSync(ravelin.ports, { recursive: true });
@@ -47,25 +48,47 @@ export class Ravelin {
 
     /** The page of the main window, through the engine's debugging port. */
     async page() {
-        if (this.attached) return this.attached;
-        const port = await until(() => readdirSync(this.ports).find((name) => name.endsWith('.port')), 'the debugging port');
-        const number = readFileSync(path.join(this.ports, port), 'utf8').trim().split(/\s+/)[0];
-        this.browser = await chromium.connectOverCDP(`http://127.0.0.1:${number}`);
-        this.attached = this.browser.contexts()[0].pages()[0];
-        this.attached.setDefaultTimeout(20_000);
+        this.attached ??= await this.attach((commandLine) => !commandLine.includes('--child'));
         return this.attached;
+    }
+
+    /** The page of the window that shows one panel. */
+    async panelPage(id) {
+        return await this.attach((commandLine) => commandLine.includes(`|${id}|`));
+    }
+
+    /** The page of the process whose command line fits. */
+    async attach(fits) {
+        const port = await until(() => this.portOf(fits), 'the debugging port');
+        const browser = await chromium.connectOverCDP(`http://127.0.0.1:${port}`);
+        this.browsers.push(browser);
+        const page = browser.contexts()[0].pages()[0];
+        page.setDefaultTimeout(20_000);
+        return page;
+    }
+
+    portOf(fits) {
+        for (const name of readdirSync(this.ports).filter((file) => file.endsWith('.port'))) {
+            const [port, , , commandLine] = (textOf(path.join(this.ports, name)) ?? '').split('\n');
+            if (commandLine !== undefined && fits(commandLine)) return port.trim();
+        }
+        return null;
+    }
+
+    async detach() {
+        for (const browser of this.browsers.splice(0)) await browser.close().catch(() => {});
     }
 
     /** Closes the window as a user does and waits for the program's end; gives the exit code. */
     async close() {
-        if (this.browser) await this.browser.close().catch(() => {});
+        await this.detach();
         await windowTool('close', windowTitle);
         return await within(30_000, this.run.exited, 'the program to end');
     }
 
     /** Ends the process without asking it. */
     async kill() {
-        if (this.browser) await this.browser.close().catch(() => {});
+        await this.detach();
         await runToEnd('taskkill', ['/f', '/im', 'Ravelin.exe']);
         return await within(30_000, this.run.exited, 'the program to end');
     }

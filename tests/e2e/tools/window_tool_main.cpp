@@ -3,9 +3,11 @@
 //   window_tool.exe list                 one line a visible window: its title
 //   window_tool.exe state TITLE          one line of JSON about the window
 //   window_tool.exe text TITLE           the texts of its child windows, as in a message box
+//   window_tool.exe process TITLE        the id of its process
 //   window_tool.exe close|minimize|restore|maximize TITLE
 //   window_tool.exe press TITLE ID       presses a button of a dialog by its identifier
 //   window_tool.exe crash TITLE          makes the process of the window fail as a bug would
+//   window_tool.exe place TITLE X Y      puts it elsewhere without sizing it
 //   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
 //
 // A title matches from its beginning. Exit code 1 when there is no such window.
@@ -95,6 +97,10 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
         printState(window);
     } else if (command == L"text") {
         EnumChildWindows(window, childText, 0);
+    } else if (command == L"process") {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        std::printf("%lu\n", process);
     } else if (command == L"close") {
         PostMessageW(window, WM_CLOSE, 0, 0);
     } else if (command == L"minimize") {
@@ -108,6 +114,9 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
         PostMessageW(button != nullptr ? button : window, BM_CLICK, 0, 0);
     } else if (command == L"crash") {
         crash(window);
+    } else if (command == L"place" && count > 4) {
+        SetWindowPos(window, nullptr, number(arguments[3]), number(arguments[4]), 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     } else if (command == L"move" && count > 6) {
         MoveWindow(window, number(arguments[3]), number(arguments[4]), number(arguments[5]),
                    number(arguments[6]), TRUE);

@@ -1,0 +1,61 @@
+// Panels in windows of their own: what a user does with them, and what is to be seen.
+import { until, xdotool } from './wine.mjs';
+import { untilWindow, windowState, windowTool } from './windows.mjs';
+
+export const clicker = { id: 'panel-spammer', title: 'Auto clicker', window: 'Ravelin - Auto clicker' };
+export const keySpammer = { id: 'panel-keyspam', title: 'Key spammer', window: 'Ravelin - Key spammer' };
+export const macro = { id: 'panel-tracker', title: 'Macro', window: 'Ravelin - Macro' };
+
+// While a panel is dragged, a second element of the same id follows the cursor.
+const inPage = (page, panel) => page.locator(`#${panel.id}:not(.sortable-drag)`);
+export const shown = (page, panel) => inPage(page, panel).waitFor({ state: 'visible' });
+export const hidden = (page, panel) => inPage(page, panel).waitFor({ state: 'hidden' });
+
+/** Detaches the panel with its button and gives the page of its window. */
+export async function detachByButton(ravelin, panel) {
+    const page = await ravelin.page();
+    await page.getByRole('button', { name: `Show ${panel.title} in a window of its own` }).click();
+    await hidden(page, panel);
+    return await panelPage(ravelin, panel);
+}
+
+/** The page of the panel's window, once that is there as a user sees it. */
+export async function panelPage(ravelin, panel) {
+    const page = await ravelin.panelPage(panel.id);
+    await page.locator(`#${panel.id}`).waitFor();
+    await untilWindow(panel.window, (state) => !state.frame, `"${panel.window}" without a frame`);
+    return page;
+}
+
+export async function untilGone(title) {
+    await until(async () => (await windowState(title)) === null, `the window "${title}" to go`);
+}
+
+/** Where on the screen the title of the panel is, in the window of that title. */
+export async function titlePlace(page, panel, windowTitle) {
+    const box = await page.locator(`#${panel.id} .title`).boundingBox();
+    const inner = await page.evaluate(() => ({ width: innerWidth, height: innerHeight }));
+    const frame = await windowState(windowTitle);
+    const border = Math.round((frame.width - inner.width) / 2);
+    return {
+        x: frame.left + border + Math.round(box.x + 20),
+        y: frame.top + frame.height - inner.height - border + Math.round(box.y + box.height / 2),
+    };
+}
+
+/** Presses the header of a panel's window and waits until that follows the cursor; gives the place. */
+export async function grab(child, panel) {
+    const place = await titlePlace(child, panel, panel.window);
+    await child.evaluate(() => {
+        const begin = window.beginWindowDrag;
+        window.dragBegan = false;
+        window.beginWindowDrag = async (text) => {
+            await begin(text);
+            window.dragBegan = true;
+            window.beginWindowDrag = begin;
+        };
+    });
+    await xdotool('mousemove', place.x, place.y, 'mousedown', 1);
+    await until(() => child.evaluate(() => window.dragBegan), 'the drag to begin');
+    return place;
+}
