@@ -130,3 +130,21 @@ export function zeros(total, length = total) {
         more();
     };
 }
+
+/**
+ * Sends the bytes in so many pieces, one each `pause` milliseconds, and the second half of them
+ * only when the promise is kept.
+ */
+export function inPieces(bytes, pieces, pause, goOn) {
+    return async (request, response) => {
+        response.writeHead(200, { 'content-length': bytes.length });
+        const end = (piece) => Math.round((bytes.length * piece) / pieces);
+        for (let piece = 0; piece < pieces; ++piece) {
+            if (piece === Math.floor(pieces / 2)) await goOn;
+            if (response.destroyed) return;
+            response.write(bytes.subarray(end(piece), end(piece + 1)));
+            await new Promise((resolve) => setTimeout(resolve, pause));
+        }
+        response.end();
+    };
+}

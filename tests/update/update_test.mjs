@@ -1,0 +1,191 @@
+// The whole way of an update: the installed program finds it, shows it, downloads it and hands over.
+import assert from 'node:assert/strict';
+import { createHash } from 'node:crypto';
+import { readdirSync, readFileSync, rmSync } from 'node:fs';
+import path from 'node:path';
+import test, { after, afterEach, before, beforeEach } from 'node:test';
+import { chromium } from 'playwright-core';
+import { signManifest } from '../../packaging/update_signing.mjs';
+import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
+import { prefix, runToEnd, screenshot, scratch, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within } from '../e2e/lib/wine.mjs';
+import { untilWindow, windowState, windowTool } from '../e2e/lib/windows.mjs';
+import { makeAuthority, makeCertificate } from './lib/certificates.mjs';
+import { Probe } from './lib/probe.mjs';
+import { apiHost, key, tier, webHost } from './lib/product.mjs';
+import { body, inPieces, Server } from './lib/server.mjs';
+import { nextSetup, registryValue, runSetup, scopes, silently, thisSetup, uninstallAll } from './lib/setup.mjs';
+
+const manifestUrl = `https://${webHost}/update/${tier}.json`;
+const installerUrl = `https://${apiHost}/download/setup.exe`;
+const authority = makeAuthority('trusted');
+const messages = {
+    start: 'Update failed: could not start the installer.',
+    gone: 'Update failed: the update is no longer available. Try again later.',
+    match: 'Update failed: the downloaded file did not match what was expected, so nothing was installed.',
+};
+
+let server, probe, setup, next, ravelin;
+
+before(async () => {
+    useVirtualDesktop();
+    setup = thisSetup();
+    next = nextSetup();
+    server = await Server.open(makeCertificate(authority, [webHost, apiHost]));
+    probe = await Probe.open();
+    await probe.trust(authority);
+    await uninstallAll();
+});
+beforeEach(() => {
+    server.reset();
+    // What was handed over stays for the next start to sweep, if it is the administrators'.
+    for (const name of downloadFolders()) rmSync(path.join(temporary, name), { recursive: true });
+});
+afterEach(async () => {
+    await ravelin?.browser?.close().catch(() => {});
+    await runToEnd('taskkill', ['/f', '/im', 'Ravelin.exe']);
+    ravelin = undefined;
+});
+after(async () => {
+    await uninstallAll();
+    await probe?.close();
+    await server?.close();
+});
+
+/** Offers an installer as the next version, sent by `handler`. */
+function offer(installer, handler = body(installer)) {
+    const sha256 = createHash('sha256').update(installer).digest('hex');
+    server.on(manifestUrl, body(JSON.stringify(signManifest({ tier, version: next.version, url: installerUrl, sha256 }, key))));
+    server.on(installerUrl, handler);
+}
+
+async function openInstalled(scope, options = {}) {
+    ravelin = await Ravelin.open({ program: `${scopes[scope].windowsFolder}\\Ravelin.exe`, ...options });
+    return await ravelin.page();
+}
+
+const temporary = path.join(prefix, 'drive_c/users', process.env.USER ?? 'root', 'Temp');
+
+/** The folders of downloads in the user's folder for temporary files. */
+function downloadFolders() {
+    return readdirSync(temporary).filter((name) => name.startsWith('Ravelin-update-'));
+}
+
+async function untilOffered(page) {
+    await page.getByText(`Ravelin ${next.version} is available.`).waitFor();
+}
+
+const updateButton = (page) => page.getByRole('button', { name: 'Update', exact: true });
+
+/** Watches the page's progress bar; gives what it shows from now on. */
+async function watchProgress(page) {
+    await page.evaluate(() => {
+        window.seen = [];
+        new MutationObserver(() => {
+            const shown = document.querySelector('.progress .numbers')?.textContent;
+            if (shown && window.seen.at(-1) !== shown) window.seen.push(shown);
+        }).observe(document.body, { subtree: true, childList: true, characterData: true, attributes: true });
+    });
+}
+
+/** The page of the program that was started in place of the one that `ravelin` started. */
+async function newPage(oldPort) {
+    const port = await until(() => readdirSync(ravelin.ports).find((name) => name.endsWith('.port') && name !== oldPort), 'the new program\'s page', 40_000);
+    const number = readFileSync(path.join(ravelin.ports, port), 'utf8').trim().split(/\s+/)[0];
+    ravelin.browser = await chromium.connectOverCDP(`http://127.0.0.1:${number}`);
+    const page = ravelin.browser.contexts()[0].pages()[0];
+    await page.waitForFunction(() => window.getSettings !== undefined);
+    return page;
+}
+
+test('the next version is found, downloaded in sight, and runs in place of the old one', async () => {
+    assert.equal(await runSetup(setup, ...silently, '/ALLUSERS'), 0);
+    const installer = readFileSync(next.file);
+    let goOn;
+    offer(installer, inPieces(installer, 20, 50, new Promise((resolve) => (goOn = resolve))));
+    const page = await openInstalled('/ALLUSERS');
+    const [oldPort] = readdirSync(ravelin.ports);
+    await page.evaluate(() => window.updateSpammer('0,0,0,77,0,0,1,10,0'));
+    await page.evaluate(() => window.setAppSetting('showWarnings', '0'));
+
+    await untilOffered(page);
+    await screenshot('update-offered');
+    await watchProgress(page);
+    await updateButton(page).click();
+    await until(async () => (await page.evaluate(() => window.seen)).some((text) => /of .* MB/.test(text)), 'progress');
+    await screenshot('update-progress');
+    // Asked once more by whatever means, the program says that it is at it.
+    assert.equal(await page.evaluate(() => window.startUpdate()), 'An update is already in progress.');
+    const seen = await page.evaluate(() => window.seen);
+    assert.ok(seen.every((text) => /^Starting|^\d+\.\d of \d+\.\d MB · \d+ %$/.test(text)), seen.join());
+    goOn();
+
+    assert.equal(await within(60_000, ravelin.run.exited, 'the old program to end'), 0);
+    const nextTitle = windowTitle.replace(setup.version, next.version);
+    await untilWindow(nextTitle, undefined, 'the new version\'s window', 60_000);
+    const renewed = await newPage(oldPort);
+    await screenshot('update-done');
+    assert.equal((await renewed.evaluate(() => window.getSettings())).sms, 77);
+    assert.equal((await renewed.evaluate(() => window.getAppSettings())).showWarnings, false);
+    assert.equal(await registryValue('HKLM', setup.key, 'DisplayVersion'), next.version);
+    assert.equal(await windowState(windowTitle), null);
+    await windowTool('close', nextTitle);
+    await until(async () => await windowState(nextTitle) === null, 'the new version to close');
+});
+
+test('an installer that cannot be started is deleted, and the program goes on', async () => {
+    assert.equal(await runSetup(setup, ...silently, '/ALLUSERS'), 0);
+    offer(Buffer.from('no program at all'));
+    const page = await openInstalled('/ALLUSERS');
+    await untilOffered(page);
+    await updateButton(page).click();
+    // Windows says so first, as it does to everyone who starts such a file.
+    await untilWindow('Error');
+    await windowTool('press', 'Error', 1);
+    await page.getByText(messages.start, { exact: true }).waitFor();
+    await screenshot('update-failed');
+    assert.deepEqual(downloadFolders(), []);
+    assert.equal((await ravelin.statusNow()).state, 'Idle');
+
+    // A second try meets whatever is offered by then.
+    offer(Buffer.from('one file'), body('another'));
+    await page.getByRole('button', { name: 'Try again' }).click();
+    await page.getByText(messages.match, { exact: true }).waitFor();
+    server.reset();
+    await page.getByRole('button', { name: 'Try again' }).click();
+    await page.getByText(messages.gone, { exact: true }).waitFor();
+    assert.deepEqual(downloadFolders(), []);
+    assert.equal(await ravelin.close(), 0);
+});
+
+test('an installer that fails gets its switches and leaves the old version as it was', async () => {
+    await uninstallAll();
+    assert.equal(await runSetup(setup, ...silently, '/CURRENTUSER'), 0);
+    const log = path.join(scratch, 'installer-command.txt');
+    rmSync(log, { force: true });
+    offer(readFileSync(path.join(toolFolder, 'stand_in_installer.exe')));
+    let page = await openInstalled('/CURRENTUSER', { env: { RAVELIN_INSTALLER_LOG: windowsPath(log), RAVELIN_INSTALLER_EXIT: '2' } });
+    await page.evaluate(() => window.updateSpammer('0,0,0,66,0,0,1,10,0'));
+    await untilOffered(page);
+    await updateButton(page).click();
+    assert.equal(await within(60_000, ravelin.run.exited, 'the program to hand over'), 0);
+    const command = await until(() => textOf(log), 'the installer to run');
+    assert.match(command, /installer\.exe"? +\/VERYSILENT \/SUPPRESSMSGBOXES \/NORESTART \/SP- \/CLOSEAPPLICATIONS \/NORESTARTAPPLICATIONS \/CURRENTUSER \/RVNUPDATE=1$/);
+    await ravelin.browser.close().catch(() => {});
+
+    page = await openInstalled('/CURRENTUSER', { keepData: true });
+    assert.equal((await page.evaluate(() => window.getSettings())).sms, 66);
+    assert.equal(await ravelin.close(), 0);
+});
+
+test('closing the program ends a download, and nothing of it stays', async () => {
+    assert.equal(await runSetup(setup, ...silently, '/ALLUSERS'), 0);
+    const installer = readFileSync(next.file);
+    offer(installer, inPieces(installer, 20, 50, new Promise(() => {})));
+    const page = await openInstalled('/ALLUSERS');
+    await untilOffered(page);
+    await updateButton(page).click();
+    await page.getByText(/\d %$/).waitFor();
+    assert.equal(downloadFolders().length, 1);
+    assert.equal(await ravelin.close(), 0);
+    assert.deepEqual(downloadFolders(), []);
+});
