@@ -34,8 +34,9 @@ flags=(
     --force-color-profile=srgb --password-store=basic --use-mock-keychain --metrics-recording-only
     --log-level=3 about:blank
 )
-# A session of its own, so that one signal reaches every process of this browser.
-DBUS_SESSION_BUS_ADDRESS=disabled: DBUS_SYSTEM_BUS_ADDRESS=disabled: \
+# A session of its own, so that one signal reaches every process of this browser; temporary files
+# go into the profile and so away with it.
+TMPDIR=$profile DBUS_SESSION_BUS_ADDRESS=disabled: DBUS_SYSTEM_BUS_ADDRESS=disabled: \
     setsid "$chromium" "${flags[@]}" >&3 2>&3 3>&- &
 browser=$!
 

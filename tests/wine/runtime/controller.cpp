@@ -9,6 +9,7 @@ HRESULT STDMETHODCALLTYPE Controller::get_IsVisible(BOOL* visible) {
 }
 
 HRESULT STDMETHODCALLTYPE Controller::put_IsVisible(BOOL visible) {
+    if (visible_ == (visible != FALSE)) return S_OK;
     visible_ = visible != FALSE;
     browser_->show(visible_);
     return S_OK;

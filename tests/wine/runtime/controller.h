@@ -33,7 +33,7 @@ class Controller final : public ComObject<ICoreWebView2Controller, iidController
 
     std::shared_ptr<EmbeddedBrowser> browser_;
     ComPtr<View> view_;
-    bool visible_ = false;
+    bool visible_ = true;
     RECT bounds_{};
 };
 

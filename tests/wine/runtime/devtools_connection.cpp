@@ -58,6 +58,7 @@ void DevToolsConnection::listen(EventHandler events, FrameHandler frames,
 }
 
 void DevToolsConnection::send(const std::string& method, Json parameters, Reply reply) {
+    if (closed_) return;
     Json message = {{"id", ++lastId_}, {"method", method}, {"params", std::move(parameters)}};
     if (!session_.empty()) message["sessionId"] = session_;
     if (reply) replies_[lastId_] = std::move(reply);
@@ -97,7 +98,7 @@ void DevToolsConnection::readAll() {
     while (readMessage(text)) {
         Json message = Json::parse(text, nullptr, false);
         if (!message.is_object()) continue;
-        if (message.value("method", "") == "Page.screencastFrame") {
+        if (message.contains("method") && message["method"] == "Page.screencastFrame") {
             frames_(message["params"]);
             continue;
         }
@@ -106,7 +107,9 @@ void DevToolsConnection::readAll() {
         });
     }
     queue_.post([self = shared_from_this()] {
-        if (!self->closed_) self->lost_();
+        if (self->closed_) return;
+        self->close();
+        self->lost_();
     });
 }
 

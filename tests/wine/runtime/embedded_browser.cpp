@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <thread>
 
+#include "cursor.h"
 #include "devtools_file.h"
 #include "log.h"
 #include "wide_text.h"
@@ -69,23 +70,14 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
     process_ = std::move(process);
     connection_ = std::move(connection);
     page_ = std::make_shared<Page>(connection_);
+    input_ = std::make_shared<InputQueue>(queue_, page_);
     screen_ =
         std::make_unique<ScreenWindow>(parent_, [this](UINT message, WPARAM wide, LPARAM lng) {
             return handleMessage(message, wide, lng);
         });
-    mouse_ = std::make_unique<MouseForwarding>(screen_->handle(), *page_, zoom_);
-    keys_ = std::make_unique<KeyForwarding>(*page_);
-    mouse_->onZoomWheel = [this](int steps) {
-        if (!settings_.isZoomControlEnabled) return false;
-        setZoom(nextZoom(zoom_.factor, steps));
-        return true;
-    };
-    keys_->onAccelerator = [this](int key, int modifiers) {
-        return takeAccelerator(key, modifiers);
-    };
-    page_->onDialog = [this](const std::string& kind, const std::string& text) {
-        showDialog(kind, text);
-    };
+    mouse_ = std::make_unique<MouseForwarding>(screen_->handle(), *input_, zoom_);
+    keys_ = std::make_unique<KeyForwarding>(*input_);
+    connectPage();
     const std::weak_ptr<EmbeddedBrowser> weak = weak_from_this();
     connection_->listen(
         [weak](const std::string& method, const Json& parameters) {
@@ -104,20 +96,36 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
             return;
         }
         publishDevTools(*self->process_, target);
-        self->startScreencast(frameAttempts);
+        self->show(true);
         created(S_OK, self);
     });
 }
 
-void EmbeddedBrowser::startScreencast(int attempts) {
+void EmbeddedBrowser::connectPage() {
+    mouse_->onZoomWheel = [this](int steps) {
+        if (!settings_.isZoomControlEnabled) return false;
+        setZoom(nextZoom(zoom_.factor, steps));
+        return true;
+    };
+    keys_->onAccelerator = [this](int key, int modifiers) {
+        return takeAccelerator(key, modifiers);
+    };
+    page_->onDialog = [this](const std::string& kind, const std::string& text) {
+        showDialog(kind, text);
+    };
+    page_->onCursor = [this](const std::string& css) { setPointer(css); };
+    page_->onMenu = [this] { showMenu(); };
+}
+
+void EmbeddedBrowser::startScreencast(int round, int attempts) {
     // A screencast that begins before the first document is there may never send a frame.
-    page_->execute("0", [weak = weak_from_this(), attempts](const std::string&) {
+    page_->execute("0", [weak = weak_from_this(), round, attempts](const std::string&) {
         const auto self = weak.lock();
-        if (!self || !self->screen_ || self->framesCame_ || attempts == 0) return;
+        if (!self || round != self->screencast_ || self->framesCame_ || attempts == 0) return;
         self->page_->input("Page.stopScreencast", Json::object());
         self->page_->input("Page.startScreencast", {{"format", "png"}});
-        self->queue_.postAfter(frameLimit, [weak, attempts] {
-            if (const auto later = weak.lock()) later->startScreencast(attempts - 1);
+        self->queue_.postAfter(frameLimit, [weak, round, attempts] {
+            if (const auto later = weak.lock()) later->startScreencast(round, attempts - 1);
         });
     });
 }
@@ -152,7 +160,15 @@ void EmbeddedBrowser::followMoves() {
 }
 
 void EmbeddedBrowser::show(bool visible) {
-    if (screen_) screen_->show(visible);
+    if (!screen_) return;
+    screen_->show(visible);
+    ++screencast_;
+    framesCame_ = false;
+    if (visible) {
+        startScreencast(screencast_, frameAttempts);
+    } else {
+        page_->input("Page.stopScreencast", Json::object());
+    }
 }
 
 void EmbeddedBrowser::setZoom(double factor) {
@@ -193,6 +209,28 @@ bool EmbeddedBrowser::takeAccelerator(int virtualKey, int modifiers) {
     return larger || smaller;
 }
 
+void EmbeddedBrowser::setPointer(const std::string& css) {
+    pointer_ = cursorFor(css);
+    POINT at{};
+    if (screen_ && GetCursorPos(&at) != 0 && WindowFromPoint(at) == screen_->handle()) {
+        SetCursor(pointer_);
+    }
+}
+
+void EmbeddedBrowser::showMenu() {
+    if (!settings_.areDefaultContextMenusEnabled || !screen_) return;
+    constexpr UINT_PTR reload = 1;
+    POINT at{};
+    GetCursorPos(&at);
+    HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING, reload, L"&Reload");
+    const std::shared_ptr<Page> page = page_;
+    const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0,
+                                      screen_->handle(), nullptr);
+    DestroyMenu(menu);
+    if (chosen == static_cast<int>(reload)) page->reload();
+}
+
 void EmbeddedBrowser::showDialog(const std::string& kind, const std::string& text) {
     const std::shared_ptr<EmbeddedBrowser> self = shared_from_this();
     if (kind == "beforeunload" || !settings_.areDefaultScriptDialogsEnabled) {
@@ -213,7 +251,7 @@ std::optional<LRESULT> EmbeddedBrowser::handleMessage(UINT message, WPARAM wide,
     // The host's window may have been moved, and what is pressed may ask where on the screen it is.
     if (message == WM_LBUTTONDOWN || message == WM_KEYDOWN) followMoves();
     if (message == WM_SETCURSOR && LOWORD(lng) == HTCLIENT) {
-        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        SetCursor(pointer_);
         return TRUE;
     }
     if (const auto answer = mouse_->handle(message, wide, lng)) return answer;

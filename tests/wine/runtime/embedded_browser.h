@@ -9,6 +9,7 @@
 
 #include "browser_process.h"
 #include "browser_settings.h"
+#include "input_queue.h"
 #include "key_forwarding.h"
 #include "mouse_forwarding.h"
 #include "page.h"
@@ -44,11 +45,14 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
   private:
     void adopt(std::shared_ptr<BrowserProcess> process,
                std::shared_ptr<DevToolsConnection> connection, Created created);
-    void startScreencast(int attempts);
+    void connectPage();
+    void startScreencast(int round, int attempts);
     void takeFrame(Frame frame, int number);
     void applySize();
     void followMoves();
     bool takeAccelerator(int virtualKey, int modifiers);
+    void setPointer(const std::string& css);
+    void showMenu();
     void showDialog(const std::string& kind, const std::string& text);
     std::optional<LRESULT> handleMessage(UINT message, WPARAM wide, LPARAM lng);
 
@@ -58,10 +62,14 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     Zoom zoom_;
     RECT bounds_{};
     POINT corner_{};  // of the page on the screen, as the page was last told
+    HCURSOR pointer_ = LoadCursorW(nullptr, IDC_ARROW);
+    // Counts the starts of the screencast, so that a late retry sees that it is out of date.
+    int screencast_ = 0;
     bool framesCame_ = false;
     std::shared_ptr<BrowserProcess> process_;
     std::shared_ptr<DevToolsConnection> connection_;
     std::shared_ptr<Page> page_;
+    std::shared_ptr<InputQueue> input_;
     std::unique_ptr<ScreenWindow> screen_;
     std::unique_ptr<MouseForwarding> mouse_;
     std::unique_ptr<KeyForwarding> keys_;

@@ -1,6 +1,8 @@
 // The environment object and the one function that the host's loader asks this DLL for.
 #include <windows.h>
 
+#include <cstdio>
+
 #include "com_interfaces.h"
 #include "com_object.h"
 #include "controller.h"
@@ -19,7 +21,9 @@ class Environment final : public ComObject<ICoreWebView2Environment, iidEnvironm
             parent, [kept = ComPtr<ControllerCompletedHandler>(handler)](
                         HRESULT result, const std::shared_ptr<EmbeddedBrowser>& browser) {
                 if (FAILED(result)) {
-                    logLine("no view: " + std::to_string(result));
+                    char code[16];
+                    std::snprintf(code, sizeof code, "0x%08lX", static_cast<unsigned long>(result));
+                    logLine(std::string("no view: ") + code);
                     kept->Invoke(result, nullptr);
                     return;
                 }

@@ -6,11 +6,12 @@
 namespace ravelin::browser {
 namespace {
 
+// Without a native key code: with one the browser would take its own keys, F5 or Ctrl+T, whatever
+// the host wants.
 Json protocolEvent(const char* type, const KeyEvent& event, bool system) {
     return {{"type", type},
             {"modifiers", keyModifiers(0)},
             {"windowsVirtualKeyCode", event.virtualKey},
-            {"nativeVirtualKeyCode", event.virtualKey},
             {"code", event.code},
             {"key", event.key},
             {"location", event.location},
@@ -49,11 +50,12 @@ std::optional<LRESULT> KeyForwarding::handle(UINT message, WPARAM wide, LPARAM l
 void KeyForwarding::keyDown(WPARAM wide, LPARAM lng, bool system) {
     const KeyEvent event = readKeyMessage(wide, lng);
     if (onAccelerator && onAccelerator(event.virtualKey, keyModifiers(0))) return;
-    page_.input("Input.dispatchKeyEvent", protocolEvent("rawKeyDown", event, system));
+    input_.push(InputKind::other, "Input.dispatchKeyEvent",
+                protocolEvent("rawKeyDown", event, system));
 }
 
 void KeyForwarding::keyUp(WPARAM wide, LPARAM lng, bool system) {
-    page_.input("Input.dispatchKeyEvent",
+    input_.push(InputKind::other, "Input.dispatchKeyEvent",
                 protocolEvent("keyUp", readKeyMessage(wide, lng), system));
 }
 
@@ -69,11 +71,12 @@ void KeyForwarding::character(wchar_t unit) {
     if (unit == L'\n') text = L"\r";
     if (text[0] < L' ' && text[0] != L'\r') return;
     const std::string utf8 = toUtf8(text);
-    page_.input("Input.dispatchKeyEvent", {{"type", "char"},
-                                           {"modifiers", keyModifiers(0)},
-                                           {"text", utf8},
-                                           {"unmodifiedText", utf8},
-                                           {"key", text == L"\r" ? "Enter" : utf8}});
+    input_.push(InputKind::other, "Input.dispatchKeyEvent",
+                {{"type", "char"},
+                 {"modifiers", keyModifiers(0)},
+                 {"text", utf8},
+                 {"unmodifiedText", utf8},
+                 {"key", text == L"\r" ? "Enter" : utf8}});
 }
 
 }  // namespace ravelin::browser

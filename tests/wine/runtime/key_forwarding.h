@@ -3,15 +3,16 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 
-#include "page.h"
+#include "input_queue.h"
 
 namespace ravelin::browser {
 
 class KeyForwarding {
   public:
-    explicit KeyForwarding(Page& page) : page_(page) {}
+    explicit KeyForwarding(InputQueue& input) : input_(input) {}
 
     std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM lng);
 
@@ -23,7 +24,7 @@ class KeyForwarding {
     void keyUp(WPARAM wide, LPARAM lng, bool system);
     void character(wchar_t unit);
 
-    Page& page_;
+    InputQueue& input_;
     wchar_t firstHalf_ = 0;
 };
 

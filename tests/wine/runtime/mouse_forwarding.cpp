@@ -94,36 +94,24 @@ void MouseForwarding::moved(POINT at, WPARAM keys) {
     // The system repeats the last position when windows change below a resting mouse.
     if (at.x == last_.x && at.y == last_.y) return;
     last_ = at;
-    Json move = event("mouseMoved", at, keys);
-    const char* const held = (buttons_ & leftMask) != 0     ? "left"
-                             : (buttons_ & rightMask) != 0  ? "right"
-                             : (buttons_ & middleMask) != 0 ? "middle"
-                                                            : "none";
-    move["button"] = held;
-    waitingMove_ = std::move(move);
-    if (!moveUnderway_) sendMove();
+    sendMove(at, keys);
 }
 
-void MouseForwarding::sendMove() {
-    if (!waitingMove_) return;
-    moveUnderway_ = true;
-    Json move = std::move(*waitingMove_);
-    waitingMove_.reset();
-    page_.input("Input.dispatchMouseEvent", std::move(move),
-                [this, alive = std::weak_ptr<int>(alive_)] {
-                    if (alive.expired()) return;
-                    moveUnderway_ = false;
-                    sendMove();
-                });
+void MouseForwarding::sendMove(POINT at, WPARAM keys) {
+    Json move = event("mouseMoved", at, keys);
+    move["button"] = (buttons_ & leftMask) != 0     ? "left"
+                     : (buttons_ & rightMask) != 0  ? "right"
+                     : (buttons_ & middleMask) != 0 ? "middle"
+                                                    : "none";
+    input_.push(InputKind::move, "Input.dispatchMouseEvent", std::move(move));
 }
 
 void MouseForwarding::send(const char* type, const char* button, POINT at, WPARAM keys,
                            int clicks) {
-    sendMove();
     Json parameters = event(type, at, keys);
     parameters["button"] = button;
     parameters["clickCount"] = clicks;
-    page_.input("Input.dispatchMouseEvent", std::move(parameters));
+    input_.push(InputKind::button, "Input.dispatchMouseEvent", std::move(parameters));
 }
 
 void MouseForwarding::countClick(int mask, POINT at) {
@@ -171,27 +159,25 @@ void MouseForwarding::wheel(WPARAM wide, LPARAM lng, bool horizontal) {
     Json parameters = event("mouseWheel", at, keys);
     parameters["deltaX"] = horizontal ? pixels : sideways ? -pixels : 0.0;
     parameters["deltaY"] = sideways ? 0.0 : -pixels;
-    page_.input("Input.dispatchMouseEvent", std::move(parameters));
+    input_.push(InputKind::other, "Input.dispatchMouseEvent", std::move(parameters));
 }
 
 void MouseForwarding::left() {
     tracking_ = false;
     if (buttons_ != 0) return;
     last_ = {-1, -1};
-    waitingMove_ = event("mouseMoved", last_, 0);
-    (*waitingMove_)["button"] = "none";
-    if (!moveUnderway_) sendMove();
+    sendMove(last_, 0);
 }
 
 void MouseForwarding::captureLost() {
     if (buttons_ == 0) return;
     // Somebody else took the mouse in the middle of a press: the page hears of no release, and the
     // next move tells it that nothing is held.
-    if ((buttons_ & leftMask) != 0) page_.input("Input.cancelDragging", Json::object());
+    if ((buttons_ & leftMask) != 0) {
+        input_.push(InputKind::other, "Input.cancelDragging", Json::object());
+    }
     buttons_ = 0;
-    waitingMove_ = event("mouseMoved", last_, 0);
-    (*waitingMove_)["button"] = "none";
-    if (!moveUnderway_) sendMove();
+    sendMove(last_, 0);
 }
 
 }  // namespace ravelin::browser

@@ -3,17 +3,18 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 
-#include "page.h"
+#include "input_queue.h"
 #include "zoom.h"
 
 namespace ravelin::browser {
 
 class MouseForwarding {
   public:
-    MouseForwarding(HWND window, Page& page, const Zoom& zoom)
-        : window_(window), page_(page), zoom_(zoom) {}
+    MouseForwarding(HWND window, InputQueue& input, const Zoom& zoom)
+        : window_(window), input_(input), zoom_(zoom) {}
 
     std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM lng);
     // Wheel turned with Ctrl held; answered true when that was a zoom step and no scrolling.
@@ -29,10 +30,10 @@ class MouseForwarding {
     void countClick(int mask, POINT at);
     void send(const char* type, const char* button, POINT at, WPARAM keys, int clicks);
     Json event(const char* type, POINT at, WPARAM keys) const;
-    void sendMove();
+    void sendMove(POINT at, WPARAM keys);
 
     HWND window_;
-    Page& page_;
+    InputQueue& input_;
     const Zoom& zoom_;
     int buttons_ = 0;
     POINT last_{};
@@ -42,10 +43,6 @@ class MouseForwarding {
     int clickedButton_ = 0;
     POINT clickedAt_{};
     LONG clickedWhen_ = 0;
-    // Moves are merged while the page still works on an earlier one.
-    bool moveUnderway_ = false;
-    std::optional<Json> waitingMove_;
-    std::shared_ptr<int> alive_ = std::make_shared<int>(0);
 };
 
 }  // namespace ravelin::browser

@@ -30,12 +30,15 @@ void Page::attach(TextDone ready) {
 }
 
 void Page::prepare(TextDone ready, const std::string& target) {
+    connection_->send("Inspector.enable");
     connection_->send("Page.enable");
     connection_->send("Page.setLifecycleEventsEnabled", {{"enabled", true}});
     connection_->send("Runtime.enable");
     connection_->send("Runtime.addBinding", {{"name", messageBinding}});
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", bridgeScript}});
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", screenPlaceScript}});
+    connection_->send("Runtime.addBinding",
+                      {{"name", watcherBinding}, {"executionContextName", watcherWorld}});
     connection_->send("Page.getFrameTree", Json::object(),
                       [self = shared_from_this(), ready, target](const Json& tree, auto&) {
                           self->frame_ = tree["frameTree"]["frame"].value("id", "");
@@ -102,12 +105,32 @@ void Page::loaded(const std::string& loader) {
 void Page::finish(bool success) {
     if (!navigating_) return;
     navigating_ = false;
+    installWatcher();
+    tellFocus();
     if (onNavigated) onNavigated(success);
     while (!navigating_ && !waiting_.empty()) {
         const Done work = std::move(waiting_.front());
         waiting_.pop_front();
         work();
     }
+}
+
+void Page::installWatcher() {
+    connection_->send(
+        "Page.createIsolatedWorld", {{"frameId", frame_}, {"worldName", watcherWorld}},
+        [self = shared_from_this()](const Json& result, const std::string& error) {
+            if (!error.empty()) return;
+            self->connection_->send("Runtime.evaluate",
+                                    {{"expression", watcherScript},
+                                     {"contextId", result.value("executionContextId", 0)}});
+        });
+}
+
+void Page::takeNote(const std::string& note) {
+    const Json facts = Json::parse(note, nullptr, false);
+    if (!facts.is_object()) return;
+    if (facts.contains("cursor") && onCursor) onCursor(facts.value("cursor", ""));
+    if (facts.contains("menu") && onMenu) onMenu();
 }
 
 void Page::addScript(const std::string& source, TextDone added) {
@@ -154,7 +177,19 @@ void Page::resize(const PagePlace& place, double zoom) {
 }
 
 void Page::setFocus(bool focused) {
-    connection_->send("Emulation.setFocusEmulationEnabled", {{"enabled", focused}});
+    focused_ = focused;
+    if (focused && !everFocused_) {
+        everFocused_ = true;
+        connection_->send("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
+    }
+    whenIdle([self = shared_from_this()] { self->tellFocus(); });
+}
+
+void Page::tellFocus() {
+    // A page that never had the focus knows it by itself.
+    if (!everFocused_) return;
+    const std::string call = std::string(focusScript) + (focused_ ? "(true)" : "(false)");
+    connection_->send("Runtime.evaluate", {{"expression", call}});
 }
 
 void Page::input(const std::string& method, Json parameters, Done taken) {
@@ -173,16 +208,24 @@ void Page::handleEvent(const std::string& method, const Json& parameters) {
     if (method == "Page.lifecycleEvent") {
         if (parameters.value("frameId", "") == frame_ && parameters.value("name", "") == "load") {
             loaded(parameters.value("loaderId", ""));
+            // The page may have gone to another document by itself.
+            if (!navigating_) {
+                installWatcher();
+                tellFocus();
+            }
         }
     } else if (method == "Page.frameNavigated") {
         const Json& frame = parameters["frame"];
         if (!frame.contains("parentId")) address_ = frame.value("url", "");
     } else if (method == "Runtime.bindingCalled") {
-        if (parameters.value("name", "") == messageBinding && onMessage) {
-            onMessage(parameters.value("payload", "null"));
-        }
+        const std::string binding = parameters.value("name", "");
+        const std::string payload = parameters.value("payload", "null");
+        if (binding == watcherBinding) takeNote(payload);
+        if (binding == messageBinding && onMessage) onMessage(payload);
     } else if (method == "Page.javascriptDialogOpening") {
         if (onDialog) onDialog(parameters.value("type", ""), parameters.value("message", ""));
+    } else if (method == "Inspector.targetCrashed") {
+        logLine("the page has crashed");
     } else if (method == "Runtime.exceptionThrown") {
         const Json& details = parameters["exceptionDetails"];
         logLine("page: uncaught " + details.value("text", "") + " " +

@@ -55,6 +55,10 @@ class Page : public std::enable_shared_from_this<Page> {
     // The page asks with alert, confirm or prompt; answered by answerDialog.
     std::function<void(const std::string& kind, const std::string& text)> onDialog;
     void answerDialog(bool accepted);
+    // The pointer's shape over the page has changed to this computed CSS value.
+    TextDone onCursor;
+    // The page leaves a context menu at the pointer to the browser.
+    Done onMenu;
 
     void handleEvent(const std::string& method, const Json& parameters);
 
@@ -69,12 +73,17 @@ class Page : public std::enable_shared_from_this<Page> {
     void loaded(const std::string& loader);
     void finish(bool success);
     void whenIdle(Done work);
+    void installWatcher();
+    void tellFocus();
+    void takeNote(const std::string& note);
 
     std::shared_ptr<DevToolsConnection> connection_;
     std::string frame_;
     std::string address_ = "about:blank";
     Navigation current_;
     bool navigating_ = false;
+    bool focused_ = false;
+    bool everFocused_ = false;
     // The document that the navigation waits for, and the one that was loaded last.
     std::string awaited_;
     std::string loaded_;

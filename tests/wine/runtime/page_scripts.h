@@ -32,4 +32,62 @@ inline constexpr char screenPlaceScript[] = R"js((() => {
   }
 })();)js";
 
+// Called with true or false when the window gets or loses the focus. The browser cannot be made to
+// forget the focus that a first click gave it, so the page is told in its stead.
+inline constexpr char focusScript[] = R"js(((focused) => {
+  if (document.hasFocus() === focused) return;
+  Object.defineProperty(document, 'hasFocus', { value: () => focused, configurable: true });
+  const element = document.activeElement === document.body ? null : document.activeElement;
+  const tell = (target, type, bubbles) => target?.dispatchEvent(new FocusEvent(type, { bubbles }));
+  if (focused) {
+    tell(window, 'focus', false);
+    tell(element, 'focus', false);
+    tell(element, 'focusin', true);
+  } else {
+    tell(element, 'blur', false);
+    tell(element, 'focusout', true);
+    tell(window, 'blur', false);
+  }
+}))js";
+
+// A script world of the runtime's own, which the page cannot see, and the binding in it.
+inline constexpr char watcherWorld[] = "embeddedBrowser";
+inline constexpr char watcherBinding[] = "__embeddedBrowserNote";
+
+// Notes {"cursor": CSS value} when the pointer's shape changes, and {"menu": true} when the page
+// leaves a context menu to the browser. Putting a new text into the document takes its listeners
+// away, so it runs again after that.
+inline constexpr char watcherScript[] = R"js((() => {
+  globalThis.watcher?.abort();
+  const { signal } = (globalThis.watcher = new AbortController());
+  const note = (fact) => globalThis.__embeddedBrowserNote(JSON.stringify(fact));
+  let shown = '';
+  const overText = ({ clientX: x, clientY: y }) => {
+    const node = document.caretPositionFromPoint(x, y)?.offsetNode;
+    if (node?.nodeType !== Node.TEXT_NODE) return false;
+    const range = document.createRange();
+    range.selectNodeContents(node);
+    return [...range.getClientRects()].some(
+      (box) => x >= box.left && x < box.right && y >= box.top && y < box.bottom);
+  };
+  const shapeAt = (event) => {
+    const element = event.composedPath().find((node) => node instanceof Element);
+    if (!element) return 'default';
+    const style = getComputedStyle(element);
+    if (style.cursor !== 'auto') return style.cursor;
+    return style.userSelect !== 'none' && overText(event) ? 'text' : 'default';
+  };
+  addEventListener('mousemove', (event) => {
+    const shape = shapeAt(event);
+    if (shape === shown) return;
+    shown = shape;
+    note({ cursor: shape });
+  }, { signal, capture: true, passive: true });
+  addEventListener('contextmenu', (event) => {
+    if (event.defaultPrevented) return;
+    event.preventDefault();
+    note({ menu: true });
+  }, { signal });
+})();)js";
+
 }  // namespace ravelin::browser
