@@ -9,6 +9,12 @@
 # view was closed, or the host ended in whatever way), Chromium ends and its profile is deleted.
 exec 3<>"/dev/tcp/127.0.0.1/$1" || exit 1
 exec </dev/null >/dev/null 2>&1
+# Whatever else the host's own parents left open, a pipe above all, must not stay open with the
+# browser: somebody may wait for its end.
+for open in "/proc/$$/fd"/*; do
+    number=${open##*/}
+    if ((number > 3 && number != 255)); then eval "exec $number>&-"; fi
+done
 # A Ctrl+C meant for the host must not end the clean-up; the broken connection tells all.
 trap '' INT HUP
 
@@ -45,7 +51,9 @@ browser=$!
     while read -r -u 3 order path; do
         if [[ $order == remove ]]; then leftovers+=("$path"); fi
     done
+    # By its own id as well: it may not have got its session yet.
     kill -KILL -- "-$browser"
+    kill -KILL "$browser"
     rm -f -- "${leftovers[@]}"
 } &
 host=$!

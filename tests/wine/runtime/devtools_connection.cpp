@@ -9,6 +9,8 @@
 namespace ravelin::browser {
 namespace {
 
+constexpr int sendLimit = 10000;  // milliseconds
+
 bool failed(const char* step) {
     logLine(std::string("DevTools: ") + step + " failed, error " + std::to_string(GetLastError()));
     return false;
@@ -37,8 +39,9 @@ bool DevToolsConnection::connect(unsigned short port, const std::string& endpoin
     HINTERNET request = WinHttpOpenRequest(server_, L"GET", toWide(endpoint).c_str(), nullptr,
                                            WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES, 0);
     if (request == nullptr) return failed("WinHttpOpenRequest");
-    // The page may be silent for as long as it likes.
-    WinHttpSetTimeouts(request, 0, 0, 0, 0);
+    // The page may be silent for as long as it likes, but a browser that takes nothing any more
+    // must not hold up the host for good.
+    WinHttpSetTimeouts(request, 0, 0, sendLimit, 0);
     if (WinHttpSetOption(request, WINHTTP_OPTION_UPGRADE_TO_WEB_SOCKET, nullptr, 0) != 0 &&
         WinHttpSendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, nullptr, 0, 0, 0) != 0 &&
         WinHttpReceiveResponse(request, nullptr) != 0) {
@@ -108,8 +111,10 @@ void DevToolsConnection::readAll() {
     }
     queue_.post([self = shared_from_this()] {
         if (self->closed_) return;
-        self->close();
+        self->closed_ = true;
+        // First, while the waiting replies still keep their owners.
         self->lost_();
+        self->close();
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include "cursor.h"
 #include "devtools_file.h"
@@ -89,16 +90,26 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
                 if (const auto self = weak.lock()) self->takeFrame(std::move(*frame), number);
             });
         },
-        [] { logLine("the browser has gone"); });
-    page_->attach([self = shared_from_this(), created](const std::string& target) {
+        [weak] {
+            logLine("the browser has gone");
+            if (const auto self = weak.lock()) self->giveUp(E_FAIL);
+        });
+    created_ = std::move(created);
+    page_->attach([self = shared_from_this()](const std::string& target) {
         if (target.empty()) {
-            created(E_FAIL, nullptr);
+            self->giveUp(E_FAIL);
             return;
         }
         publishDevTools(*self->process_, target);
         self->show(true);
-        created(S_OK, self);
+        std::exchange(self->created_, {})(S_OK, self);
     });
+}
+
+void EmbeddedBrowser::giveUp(HRESULT reason) {
+    if (!created_) return;
+    // Later, because the host may take anything down that is at work here.
+    queue_.post([created = std::exchange(created_, {}), reason] { created(reason, nullptr); });
 }
 
 void EmbeddedBrowser::connectPage() {
@@ -185,9 +196,14 @@ void EmbeddedBrowser::moveTo(HWND parent) {
     if (screen_) SetParent(screen_->handle(), parent);
 }
 
-void EmbeddedBrowser::close() {
+void EmbeddedBrowser::end() {
+    giveUp(E_ABORT);
     if (connection_) connection_->close();
     process_.reset();
+}
+
+void EmbeddedBrowser::close() {
+    end();
     screen_.reset();
 }
 
@@ -253,6 +269,12 @@ std::optional<LRESULT> EmbeddedBrowser::handleMessage(UINT message, WPARAM wide,
     if (message == WM_SETCURSOR && LOWORD(lng) == HTCLIENT) {
         SetCursor(pointer_);
         return TRUE;
+    }
+    if (message == WM_DESTROY) {
+        // The host's window goes and takes the view's along. A page that went on calling would keep
+        // the host's message loop from ever seeing that it is to end.
+        end();
+        return std::nullopt;
     }
     if (const auto answer = mouse_->handle(message, wide, lng)) return answer;
     return keys_->handle(message, wide, lng);

@@ -46,6 +46,8 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     void adopt(std::shared_ptr<BrowserProcess> process,
                std::shared_ptr<DevToolsConnection> connection, Created created);
     void connectPage();
+    void end();
+    void giveUp(HRESULT reason);
     void startScreencast(int round, int attempts);
     void takeFrame(Frame frame, int number);
     void applySize();
@@ -58,6 +60,8 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
 
     UiQueue& queue_;
     HWND parent_;
+    // Who waits for this view; nobody any more once told.
+    Created created_;
     BrowserSettings settings_;
     Zoom zoom_;
     RECT bounds_{};

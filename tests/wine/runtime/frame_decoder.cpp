@@ -26,17 +26,21 @@ std::vector<std::uint8_t> decodeBase64(std::string_view text) {
     return bytes;
 }
 
+// Kept for good and in no thread's storage: a thread that is tidying up its storage when the
+// process ends is stopped with the C++ runtime's locks held, and the process then waits for them
+// for ever.
 IWICImagingFactory* imagingFactory() {
-    thread_local ComPtr<IWICImagingFactory> factory = [] {
+    static IWICImagingFactory* const factory = [] {
+        CO_MTA_USAGE_COOKIE cookie = nullptr;
+        CoIncrementMTAUsage(&cookie);
         ComPtr<IWICImagingFactory> made;
-        CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         const HRESULT result =
             CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                              IID_IWICImagingFactory, reinterpret_cast<void**>(made.GetAddressOf()));
         if (FAILED(result)) logLine("no imaging component to decode frames with");
-        return made;
+        return made.Detach();
     }();
-    return factory.Get();
+    return factory;
 }
 
 ComPtr<IWICBitmapSource> openPicture(IWICImagingFactory* factory, std::vector<std::uint8_t>& png) {

@@ -43,7 +43,12 @@ UiQueue& UiQueue::ofThisThread() {
 void UiQueue::post(std::function<void()> work) {
     const std::scoped_lock lock(mutex_);
     work_.push_back(std::move(work));
-    PostMessageW(window_, runMessage, 0, 0);
+    announce();
+}
+
+void UiQueue::announce() {
+    // One message at a time: a thread that is busy for long may not find its message queue full.
+    if (!announced_) announced_ = PostMessageW(window_, runMessage, 0, 0) != 0;
 }
 
 void UiQueue::postAfter(unsigned milliseconds, std::function<void()> work) {
@@ -56,9 +61,12 @@ void UiQueue::runNext() {
     std::function<void()> work;
     {
         const std::scoped_lock lock(mutex_);
+        announced_ = false;
         if (work_.empty()) return;
         work = std::move(work_.front());
         work_.pop_front();
+        // Before the work runs: it may be a message loop of its own.
+        if (!work_.empty()) announce();
     }
     run(work);
 }

@@ -27,12 +27,15 @@ class UiQueue {
   private:
     UiQueue();
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM lng);
+    void announce();
     void runNext();
     void runTimer(UINT_PTR id);
 
     HWND window_ = nullptr;
     std::mutex mutex_;
     std::deque<std::function<void()>> work_;
+    // A message that runs the next piece is on its way. Guarded by the mutex, like the work.
+    bool announced_ = false;
     std::deque<std::pair<UINT_PTR, std::function<void()>>> timers_;
     UINT_PTR nextTimer_ = 1;
 };
