@@ -30,6 +30,7 @@ windows_tests() {
     wine reg delete 'HKCU\Software\Wine\Explorer' /f >/dev/null 2>&1 || true
     tests/windows/run_tests.sh
 }
+browser_tests() { timeout -k 10 600 tests/wine/run_tests.sh; }
 # Each file with a limit of its own, so that a program that hangs names itself and ends nothing else.
 end_to_end_tests() {
     local file status=0
@@ -53,6 +54,7 @@ step 'thread tests (tsan)' thread_tests_tsan
 step 'host programs' host_programs
 step 'windows program' build_windows
 step 'wine prefix' ensure_prefix
+step 'browser tests' browser_tests
 step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
 step 'end-to-end tests' end_to_end_tests

@@ -1,8 +1,10 @@
-// A small host of an embedded view, to try the runtime with:
+// A small host of embedded views, to try the runtime with:
 //
-//   browser_host TITLE WIDTH HEIGHT PAGE-FILE
+//   browser_host TITLE WIDTH HEIGHT PAGE-FILE [OPTION...]
 //
 // It shows the page and offers it a few methods. Everything that happens is printed, one line each.
+//   --application   switches context menus, zoom and browser keys off, as an application does
+//   --two-views     opens a second window, "TITLE 2", with the same page
 #include <windows.h>
 
 #include <cstdio>
@@ -10,7 +12,9 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 
+#include "application_settings.h"
 #include "webview_library.h"
 
 namespace {
@@ -18,87 +22,139 @@ namespace {
 using ravelin::browser_host::Webview;
 using ravelin::browser_host::WebviewLibrary;
 
-struct Host {
-    WebviewLibrary library{};
-    Webview view = nullptr;
-    std::string script;
-};
+WebviewLibrary library;
 
-void say(const char* what, const char* detail = "") {
-    std::printf("%s %s\n", what, detail);
+void say(const std::string& what) {
+    std::printf("%s\n", what.c_str());
     std::fflush(stdout);
 }
 
 // echo(...) answers with its own arguments.
-void echo(const char* id, const char* arguments, void* context) {
-    auto* host = static_cast<Host*>(context);
-    host->library.resolve(host->view, id, 0, arguments);
+void echo(const char* id, const char* arguments, void* view) {
+    library.resolve(view, id, 0, arguments);
 }
 
 // report(...) prints its arguments.
-void report(const char* id, const char* arguments, void* context) {
-    auto* host = static_cast<Host*>(context);
-    say("report", arguments);
-    host->library.resolve(host->view, id, 0, "");
+void report(const char* id, const char* arguments, void* view) {
+    say(std::string("report ") + arguments);
+    library.resolve(view, id, 0, "");
 }
 
 // fail(...) rejects the page's promise.
-void fail(const char* id, const char* arguments, void* context) {
-    auto* host = static_cast<Host*>(context);
-    host->library.resolve(host->view, id, 1, arguments);
+void fail(const char* id, const char* arguments, void* view) {
+    library.resolve(view, id, 1, arguments);
+}
+
+// where() answers with the page's place on the screen.
+void where(const char* id, const char*, void* view) {
+    constexpr int widgetKind = 1;
+    auto* widget = static_cast<HWND>(library.nativeHandle(view, widgetKind));
+    RECT place{};
+    GetClientRect(widget, &place);
+    MapWindowPoints(widget, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    library.resolve(
+        view, id, 0,
+        ("{\"x\":" + std::to_string(place.left) + ",\"y\":" + std::to_string(place.top) +
+         ",\"width\":" + std::to_string(place.right - place.left) +
+         ",\"height\":" + std::to_string(place.bottom - place.top) + "}")
+            .c_str());
+}
+
+// pointer() answers with the name of the mouse pointer's shape.
+void pointer(const char* id, const char*, void* view) {
+    CURSORINFO info{};
+    info.cbSize = sizeof info;
+    GetCursorInfo(&info);
+    const char* const name = info.hCursor == LoadCursorW(nullptr, IDC_HAND)    ? "\"hand\""
+                             : info.hCursor == LoadCursorW(nullptr, IDC_IBEAM) ? "\"text\""
+                             : info.hCursor == LoadCursorW(nullptr, IDC_ARROW) ? "\"arrow\""
+                                                                               : "\"other\"";
+    library.resolve(view, id, 0, name);
 }
 
 // callBack() runs a script in the page later, from the message loop.
-void callBack(const char* id, const char*, void* context) {
-    auto* host = static_cast<Host*>(context);
-    host->library.resolve(host->view, id, 0, "");
-    host->library.dispatch(
-        host->view,
-        [](Webview view, void* later) {
-            static_cast<Host*>(later)->library.eval(view, "window.calledBack = true");
-        },
-        host);
+void callBack(const char* id, const char*, void* view) {
+    library.resolve(view, id, 0, "");
+    library.dispatch(
+        view, [](Webview later, void*) { library.eval(later, "window.onCallBack()"); }, nullptr);
 }
 
-void closeHost(const char* id, const char*, void* context) {
-    auto* host = static_cast<Host*>(context);
-    host->library.resolve(host->view, id, 0, "");
-    host->library.terminate(host->view);
+// grabMouse() takes the mouse from the page while a button is held, as a window drag does at first.
+void grabMouse(const char* id, const char*, void* view) {
+    SetCapture(static_cast<HWND>(library.nativeHandle(view, 0)));
+    ReleaseCapture();
+    library.resolve(view, id, 0, "");
+}
+
+void closeHost(const char* id, const char*, void* view) {
+    library.resolve(view, id, 0, "");
+    library.terminate(view);
+}
+
+std::string readFile(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+Webview openView(const std::string& title, int width, int height) {
+    const ULONGLONG began = GetTickCount64();
+    Webview view = library.create(0, nullptr);
+    if (view == nullptr) return nullptr;
+    say("created " + std::to_string(GetTickCount64() - began));
+    library.setTitle(view, title.c_str());
+    library.setSize(view, width, height, 0);
+    library.bind(view, "echo", echo, view);
+    library.bind(view, "report", report, view);
+    library.bind(view, "fail", fail, view);
+    library.bind(view, "where", where, view);
+    library.bind(view, "pointer", pointer, view);
+    library.bind(view, "callBack", callBack, view);
+    library.bind(view, "grabMouse", grabMouse, view);
+    library.bind(view, "closeHost", closeHost, view);
+    library.init(view, "window.initRan = document.readyState");
+    return view;
 }
 
 }  // namespace
 
 int main(int count, char** values) {
-    if (count != 5) {
-        say("usage:", "browser_host TITLE WIDTH HEIGHT PAGE-FILE");
+    if (count < 5) {
+        say("usage: browser_host TITLE WIDTH HEIGHT PAGE-FILE [--application] [--two-views]");
         return 2;
     }
-    std::ifstream file(values[4], std::ios::binary);
-    const std::string page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    Host host;
-    if (!ravelin::browser_host::loadWebviewLibrary(host.library)) {
+    bool application = false;
+    bool twoViews = false;
+    for (int i = 5; i < count; ++i) {
+        const std::string_view option = values[i];
+        application = application || option == "--application";
+        twoViews = twoViews || option == "--two-views";
+    }
+    if (!ravelin::browser_host::loadWebviewLibrary(library)) {
         say("no libwebview.dll");
         return 3;
     }
-    const ULONGLONG began = GetTickCount64();
-    host.view = host.library.create(0, nullptr);
-    if (host.view == nullptr) {
+    const std::string title = values[1];
+    const int width = std::atoi(values[2]);
+    const int height = std::atoi(values[3]);
+    Webview view = openView(title, width, height);
+    if (view == nullptr) {
         say("no view");
         return 4;
     }
-    say("created", std::to_string(GetTickCount64() - began).c_str());
-    host.library.setTitle(host.view, values[1]);
-    host.library.setSize(host.view, std::atoi(values[2]), std::atoi(values[3]), 0);
-    host.library.bind(host.view, "echo", echo, &host);
-    host.library.bind(host.view, "report", report, &host);
-    host.library.bind(host.view, "fail", fail, &host);
-    host.library.bind(host.view, "callBack", callBack, &host);
-    host.library.bind(host.view, "closeHost", closeHost, &host);
-    host.library.init(host.view, "window.initRan = document.readyState");
-    host.library.setHtml(host.view, page.c_str());
-    host.library.run(host.view);
+    constexpr int controllerKind = 2;
+    if (application) {
+        const bool done = ravelin::browser_host::useApplicationSettings(
+            library.nativeHandle(view, controllerKind));
+        say(done ? "settings done" : "settings failed");
+    }
+    const std::string page = readFile(values[4]);
+    library.setHtml(view, page.c_str());
+    Webview second = twoViews ? openView(title + " 2", width, height) : nullptr;
+    if (second != nullptr) library.setHtml(second, page.c_str());
+    library.run(view);
     say("ending");
-    host.library.destroy(host.view);
+    if (second != nullptr) library.destroy(second);
+    library.destroy(view);
     say("ended");
     return 0;
 }
