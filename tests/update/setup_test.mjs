@@ -53,10 +53,10 @@ for (const [scope, place] of Object.entries(scopes)) {
         const command = await recorded(scope, 'QuietUninstallString');
         assert.equal(command.toUpperCase(), `"${place.windowsFolder}\\Uninstall.exe" ${scope} /S`.toUpperCase());
         await uninstall(place.folder, place.windowsFolder, scope);
-        await until(() => filesIn(place.folder).length === 0, 'the folder to be empty');
-        await until(async () => await recorded(scope, 'InstallLocation') === undefined, 'the record to go');
-        await until(() => !statSync(place.shortcut, { throwIfNoEntry: false }), 'the shortcut to go');
-        await until(() => !statSync(place.folder, { throwIfNoEntry: false }), 'the folder to go');
+        await until(() => filesIn(place.folder).length === 0, 'the folder to be empty', 60_000);
+        await until(async () => await recorded(scope, 'InstallLocation') === undefined, 'the record to go', 60_000);
+        await until(() => !statSync(place.shortcut, { throwIfNoEntry: false }), 'the shortcut to go', 60_000);
+        await until(() => !statSync(place.folder, { throwIfNoEntry: false }), 'the folder to go', 60_000);
     });
 }
 
@@ -67,7 +67,7 @@ test('the uninstaller leaves what it did not install', async () => {
     mkdirSync(dataFolder(), { recursive: true });
     writeFileSync(path.join(dataFolder(), 'session.dat'), 'mine');
     await uninstall(everyone.folder, everyone.windowsFolder);
-    await until(async () => await recorded('/ALLUSERS', 'InstallLocation') === undefined, 'the record to go');
+    await until(async () => await recorded('/ALLUSERS', 'InstallLocation') === undefined, 'the record to go', 60_000);
     assert.deepEqual(filesIn(everyone.folder), own);
     assert.equal(readFileSync(path.join(dataFolder(), 'session.dat'), 'utf8'), 'mine');
 });
@@ -97,7 +97,7 @@ async function openInstalled() {
 test('an update closes a running Ravelin as its user would, and starts the new one', async () => {
     const old = await openInstalled();
     assert.equal(await runSetup(next, ...silently, '/ALLUSERS', '/RVNUPDATE=1'), 0);
-    assert.equal(await within(5000, old.run.exited, 'the old program'), 0);
+    assert.equal(await within(30_000, old.run.exited, 'the old program'), 0);
     assert.ok(isNext(everyone.folder));
     await untilWindow(nextTitle());
 });
@@ -140,7 +140,7 @@ async function throughWizard() {
     const shows = async (words) => await until(async () => {
         const text = await windowTool('text', title);
         return text && words.test(text) && text;
-    }, `the wizard to show ${words}`);
+    }, `the wizard to show ${words}`, 60_000);
     for (const [words, picture] of [[/Welcome/, 'setup-welcome'], [/Anyone who uses this computer|Install for anyone/i, 'setup-scope'], [/Destination Folder/, 'setup-folder']]) {
         await shows(words);
         await screenshot(picture);
@@ -158,7 +158,7 @@ async function throughWizard() {
     await screenshot('setup-finish');
     await windowTool('press', title, 1203);
     await windowTool('press', title, 1);
-    assert.equal(await within(20_000, run.exited, 'the wizard to end'), 0);
+    assert.equal(await within(60_000, run.exited, 'the wizard to end'), 0);
     assert.deepEqual(filesIn(everyone.folder), installed);
     return said;
 }

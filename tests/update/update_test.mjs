@@ -1,10 +1,9 @@
 // The whole way of an update: the installed program finds it, shows it, downloads it and hands over.
 import assert from 'node:assert/strict';
 import { createHash } from 'node:crypto';
-import { readdirSync, readFileSync, rmSync } from 'node:fs';
+import { existsSync, readdirSync, readFileSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, afterEach, before, beforeEach } from 'node:test';
-import { chromium } from 'playwright-core';
 import { signManifest } from '../../packaging/update_signing.mjs';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
 import { prefix, runToEnd, screenshot, scratch, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within } from '../e2e/lib/wine.mjs';
@@ -41,7 +40,7 @@ beforeEach(() => {
     for (const name of downloadFolders()) rmSync(path.join(temporary, name), { recursive: true });
 });
 afterEach(async () => {
-    await ravelin?.browser?.close().catch(() => {});
+    await ravelin?.detach();
     await runToEnd('taskkill', ['/f', '/im', 'Ravelin.exe']);
     ravelin = undefined;
 });
@@ -60,7 +59,9 @@ function offer(installer, handler = body(installer)) {
 
 async function openInstalled(scope, options = {}) {
     ravelin = await Ravelin.open({ program: `${scopes[scope].windowsFolder}\\Ravelin.exe`, ...options });
-    return await ravelin.page();
+    const page = await ravelin.page();
+    page.setDefaultTimeout(60_000);
+    return page;
 }
 
 const temporary = path.join(prefix, 'drive_c/users', process.env.USER ?? 'root', 'Temp');
@@ -89,10 +90,10 @@ async function watchProgress(page) {
 
 /** The page of the program that was started in place of the one that `ravelin` started. */
 async function newPage(oldPort) {
-    const port = await until(() => readdirSync(ravelin.ports).find((name) => name.endsWith('.port') && name !== oldPort), 'the new program\'s page', 40_000);
-    const number = readFileSync(path.join(ravelin.ports, port), 'utf8').trim().split(/\s+/)[0];
-    ravelin.browser = await chromium.connectOverCDP(`http://127.0.0.1:${number}`);
-    const page = ravelin.browser.contexts()[0].pages()[0];
+    await ravelin.detach();
+    ravelin.attached = undefined;
+    await until(() => !existsSync(oldPort), 'the old program\'s engine to end', 60_000);
+    const page = await ravelin.page();
     await page.waitForFunction(() => window.getSettings !== undefined);
     return page;
 }
@@ -103,7 +104,7 @@ test('the next version is found, downloaded in sight, and runs in place of the o
     let goOn;
     offer(installer, inPieces(installer, 20, 50, new Promise((resolve) => (goOn = resolve))));
     const page = await openInstalled('/ALLUSERS');
-    const [oldPort] = readdirSync(ravelin.ports);
+    const oldPort = path.join(ravelin.ports, readdirSync(ravelin.ports).find((name) => name.endsWith('.port')));
     await page.evaluate(() => window.updateSpammer('0,0,0,77,0,0,1,10,0'));
     await page.evaluate(() => window.setAppSetting('showWarnings', '0'));
 
@@ -111,7 +112,7 @@ test('the next version is found, downloaded in sight, and runs in place of the o
     await screenshot('update-offered');
     await watchProgress(page);
     await updateButton(page).click();
-    await until(async () => (await page.evaluate(() => window.seen)).some((text) => /of .* MB/.test(text)), 'progress');
+    await until(async () => (await page.evaluate(() => window.seen)).some((text) => /of .* MB/.test(text)), 'progress', 60_000);
     await screenshot('update-progress');
     // Asked once more by whatever means, the program says that it is at it.
     assert.equal(await page.evaluate(() => window.startUpdate()), 'An update is already in progress.');
@@ -129,7 +130,7 @@ test('the next version is found, downloaded in sight, and runs in place of the o
     assert.equal(await registryValue('HKLM', setup.key, 'DisplayVersion'), next.version);
     assert.equal(await windowState(windowTitle), null);
     await windowTool('close', nextTitle);
-    await until(async () => await windowState(nextTitle) === null, 'the new version to close');
+    await until(async () => await windowState(nextTitle) === null, 'the new version to close', 60_000);
 });
 
 test('an installer that cannot be started is deleted, and the program goes on', async () => {
@@ -139,7 +140,7 @@ test('an installer that cannot be started is deleted, and the program goes on', 
     await untilOffered(page);
     await updateButton(page).click();
     // Windows says so first, as it does to everyone who starts such a file.
-    await untilWindow('Error');
+    await untilWindow('Error', undefined, 'the system\'s message', 60_000);
     await windowTool('press', 'Error', 1);
     await page.getByText(messages.start, { exact: true }).waitFor();
     await screenshot('update-failed');
@@ -168,9 +169,9 @@ test('an installer that fails gets its switches and leaves the old version as it
     await untilOffered(page);
     await updateButton(page).click();
     assert.equal(await within(60_000, ravelin.run.exited, 'the program to hand over'), 0);
-    const command = await until(() => textOf(log), 'the installer to run');
+    const command = await until(() => textOf(log), 'the installer to run', 60_000);
     assert.match(command, /installer\.exe"? +\/VERYSILENT \/SUPPRESSMSGBOXES \/NORESTART \/SP- \/CLOSEAPPLICATIONS \/NORESTARTAPPLICATIONS \/CURRENTUSER \/RVNUPDATE=1$/);
-    await ravelin.browser.close().catch(() => {});
+    await ravelin.detach();
 
     page = await openInstalled('/CURRENTUSER', { keepData: true });
     assert.equal((await page.evaluate(() => window.getSettings())).sms, 66);

@@ -16,9 +16,9 @@ export async function windowState(title) {
     return text && JSON.parse(text);
 }
 
-export async function untilWindow(title, holds = () => true, what = `the window "${title}"`) {
+export async function untilWindow(title, holds = () => true, what = `the window "${title}"`, milliseconds = undefined) {
     return await until(async () => {
         const state = await windowState(title);
         return state && holds(state) && state;
-    }, what);
+    }, what, milliseconds);
 }

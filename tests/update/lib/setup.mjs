@@ -20,7 +20,7 @@ function makeSetup(generated, executable) {
     mkdirSync(program, { recursive: true });
     for (const name of ['libwebview.dll', 'ui']) cpSync(path.join(programFolder, name), path.join(program, name), { recursive: true });
     copyFileSync(path.join(toolFolder, executable), path.join(program, 'Ravelin.exe'));
-    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'), [product, program, setup.file], { timeout: 60_000 });
+    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'), [product, program, setup.file], { timeout: 300_000 });
     return setup;
 }
 
@@ -66,7 +66,7 @@ export async function uninstall(where, windowsFolder, ...switches) {
     const file = path.join(where, 'Uninstall.exe');
     if (!existsSync(file)) return;
     await runToEnd(`${windowsFolder}\\Uninstall.exe`, ['/S', ...switches], { cwd: drive });
-    await until(() => !existsSync(file), 'the uninstaller');
+    await until(() => !existsSync(file), 'the uninstaller', 60_000);
 }
 
 export async function uninstallAll() {
