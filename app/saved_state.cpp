@@ -22,7 +22,7 @@ constexpr std::string_view profilePrefix = "PROFILE:";
 constexpr std::string_view profileSettingsPrefix = "PROFILESETTINGS:";
 constexpr std::size_t profileFieldCount = 20;
 // The status is a few hundred bytes; a file far longer is none.
-constexpr std::size_t longestStatus = 64 * 1024;
+constexpr std::size_t longestStatus = std::size_t{64} * 1024;
 
 // Every field begins with a number, as a list of key codes does; an empty list is empty.
 bool holdsNumbers(std::string_view line, std::size_t count) {

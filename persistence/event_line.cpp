@@ -15,7 +15,7 @@ namespace ravelin {
 namespace {
 
 // Seven integers of up to eleven characters, the time, the commas and the line end.
-constexpr std::size_t longestLine = 7 * 11 + realTextSize + 9;
+constexpr std::size_t longestLine = std::size_t{7} * 11 + realTextSize + 9;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';

@@ -14,7 +14,7 @@ std::string inFolder(const std::string& folder, std::string_view name) {
 }  // namespace
 
 std::string migratedSessionPath(const std::string& dataFolder, const std::string& programFolder) {
-    const std::string path = inFolder(dataFolder, "session.dat");
+    std::string path = inFolder(dataFolder, "session.dat");
     if (fileExists(path)) return path;
     for (const auto& old :
          {inFolder(dataFolder, "session.rvnmacro"), inFolder(dataFolder, "session.mcr"),
