@@ -14,7 +14,7 @@ step() {
         for word in "${words[@]}"; do
             [[ "$1" == *"$word"* ]] && { run_step "$@" || true; return; }
         done
-        return
+        return 0
     fi
     run_step "$@" || true
 }

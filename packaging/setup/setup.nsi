@@ -2,6 +2,7 @@
 ;
 ;   PRODUCT   the build's product.nsh: version, names, addresses
 ;   PROGRAM   the folder with the executable, the view library and the page
+;   SIDE      the picture on the wizard's side
 ;   OUT       the setup program to write
 ;
 ; Without switches a wizard. An update passes
@@ -61,6 +62,7 @@ VIAddVersionKey /LANG=0 "LegalCopyright" "Ravelin"
 
 !define MUI_ICON "../icons/ravelin.ico"
 !define MUI_UNICON "../icons/ravelin.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${SIDE}"
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "Ravelin clicks, presses keys and plays back recorded mouse and keyboard \
 activity for you.$\r$\n$\r$\nThis installs version ${VERSION}. Settings and macros of an earlier version are \

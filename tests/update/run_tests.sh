@@ -5,6 +5,10 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
+if [ -z "${DISPLAY:-}" ]; then
+    echo "run_tests.sh: needs a display, such as that of ./dev test update" >&2
+    exit 2
+fi
 if [ "${RAVELIN_PRIVATE_NETWORK:-}" != yes ]; then
     for tool in wine openssl unshare ip node; do
         command -v "$tool" >/dev/null || { echo "run_tests.sh: $tool is not installed" >&2; exit 2; }
@@ -29,6 +33,8 @@ trap 'wineserver -k 2>/dev/null || true; rm -f "$hosts"' EXIT
 } >"$hosts"
 mount --bind "$hosts" /etc/hosts
 
+# One Wine server for all of them: starting one anew takes seconds.
+wineserver -p
 tests=("$@")
 [ "${#tests[@]}" -gt 0 ] || tests=(tests/update/*_test.mjs)
 # Each file with a limit of its own, so that one that waits for ever names itself.

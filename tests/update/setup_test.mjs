@@ -1,6 +1,6 @@
 // The setup program, silent and as a wizard.
 import assert from 'node:assert/strict';
-import { mkdirSync, readFileSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
+import { readFileSync, renameSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, afterEach, before, beforeEach } from 'node:test';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
@@ -60,16 +60,15 @@ for (const [scope, place] of Object.entries(scopes)) {
     });
 }
 
-test('the uninstaller leaves what it did not install', async () => {
-    assert.equal(await runSetup(setup, ...silently, '/ALLUSERS'), 0);
+test('the uninstaller closes the program and leaves what it did not install', async () => {
+    const running = await openInstalled();
     const own = ['notes.txt', 'ui/theme.txt'];
     for (const name of own) writeFileSync(path.join(everyone.folder, name), 'mine');
-    mkdirSync(dataFolder(), { recursive: true });
-    writeFileSync(path.join(dataFolder(), 'session.dat'), 'mine');
     await uninstall(everyone.folder, everyone.windowsFolder);
+    assert.equal(await within(30_000, running.run.exited, 'the program to end'), 0);
     await until(async () => await recorded('/ALLUSERS', 'InstallLocation') === undefined, 'the record to go', 60_000);
     assert.deepEqual(filesIn(everyone.folder), own);
-    assert.equal(readFileSync(path.join(dataFolder(), 'session.dat'), 'utf8'), 'mine');
+    assert.ok(filesIn(dataFolder()).includes('session.dat'), 'settings and macros stay');
 });
 
 test('an update goes where the program is, wherever that is', async () => {
@@ -133,7 +132,10 @@ test('an update that cannot replace a file leaves and starts the old version', a
 
 const browserKey = 'Software\\Microsoft\\EdgeUpdate\\Clients\\{F3017226-FE2A-4295-8BDF-00C3A9A7E4C5}';
 
-/** Goes through the wizard, answering No to what it says of runtimes; gives these texts. */
+/**
+ * Goes through the wizard, lets it close a running Ravelin and answers No to what it says of
+ * runtimes; gives all these texts.
+ */
 async function throughWizard() {
     const title = `Ravelin Home ${setup.version} Setup`;
     const run = start(windowsPath(setup.file));
@@ -148,11 +150,11 @@ async function throughWizard() {
     }
     const said = [];
     for (;;) {
-        const text = await shows(/needs the|Start Ravelin/);
-        if (!text.includes('needs the')) break;
+        const text = await shows(/is running|needs the|Start Ravelin/);
+        if (text.includes('Start Ravelin')) break;
         said.push(text);
-        await screenshot('setup-runtime');
-        await windowTool('press', title, 7);
+        await screenshot(`setup-message-${said.length}`);
+        await windowTool('press', title, text.includes('is running') ? 1 : 7);
         await until(async () => await windowTool('text', title) !== text, 'the message to go');
     }
     await screenshot('setup-finish');
@@ -177,10 +179,14 @@ test('the wizard installs, and tells which runtimes are missing and where to get
     }
 });
 
-test('the wizard says nothing of runtimes that are there', async () => {
+test('the wizard asks before it closes the program, and says nothing of runtimes that are there', async () => {
+    const running = await openInstalled();
     await runToEnd('reg', ['add', `HKCU\\${browserKey}`, '/v', 'pv', '/d', '120.0.2210.91', '/f']);
     try {
-        assert.deepEqual(await throughWizard(), []);
+        const said = await throughWizard();
+        assert.equal(said.length, 1);
+        assert.match(said[0], /Ravelin is running\. Setup closes it now; your settings and macros are kept\./);
+        assert.equal(await within(30_000, running.run.exited, 'the program to end'), 0);
     } finally {
         await runToEnd('reg', ['delete', `HKCU\\${browserKey}`, '/f']);
     }
