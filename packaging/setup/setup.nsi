@@ -4,6 +4,7 @@
 ;   PROGRAM   the folder with the executable, the view library and the page
 ;   SIDE      the picture on the wizard's side
 ;   OUT       the setup program to write
+;   QUICKLY   packed in less time and into more bytes, for tests (may be missing)
 ;
 ; Without switches a wizard. An update passes
 ;
@@ -17,7 +18,11 @@
 ; Exit codes: 0 installed, 1 cancelled, 2 failed, 740 administrators only.
 Unicode true
 Target amd64-unicode
+!ifdef QUICKLY
+SetCompressor zlib
+!else
 SetCompressor /SOLID lzma
+!endif
 ManifestDPIAware true
 ManifestSupportedOS all
 

@@ -20,7 +20,7 @@ function makeSetup(generated, executable) {
     mkdirSync(program, { recursive: true });
     for (const name of ['libwebview.dll', 'ui']) cpSync(path.join(programFolder, name), path.join(program, name), { recursive: true });
     copyFileSync(path.join(toolFolder, executable), path.join(program, 'Ravelin.exe'));
-    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'), [product, program, setup.file], { timeout: 300_000 });
+    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'), [product, program, setup.file, '-DQUICKLY'], { timeout: 300_000 });
     return setup;
 }
 
