@@ -16,6 +16,9 @@ namespace {
 constexpr unsigned frameLimit = 500;
 constexpr int frameAttempts = 10;
 
+// Hosts try again and again to make a view; what failed once would only fail as slowly again.
+HRESULT earlierFailure = S_OK;
+
 constexpr double zoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1.0,
                                 1.1,  1.25, 1.5, 1.75, 2.0,  2.5, 3.0, 4.0};
 
@@ -38,7 +41,6 @@ double nextZoom(double now, int direction) {
 EmbeddedBrowser::EmbeddedBrowser(UiQueue& queue, HWND parent) : queue_(queue), parent_(parent) {}
 
 void EmbeddedBrowser::create(HWND parent, Created created) {
-    static HRESULT earlierFailure = S_OK;
     UiQueue& queue = UiQueue::ofThisThread();
     if (FAILED(earlierFailure)) {
         queue.post([created] { created(earlierFailure, nullptr); });
@@ -108,6 +110,7 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
 
 void EmbeddedBrowser::giveUp(HRESULT reason) {
     if (!created_) return;
+    if (reason != E_ABORT) earlierFailure = reason;
     // Later, because the host may take anything down that is at work here.
     queue_.post([created = std::exchange(created_, {}), reason] { created(reason, nullptr); });
 }
