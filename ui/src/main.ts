@@ -9,7 +9,8 @@ import { installCallbacks } from "./frame/callbacks";
 
 const app = new App(window);
 installCallbacks(window, app);
+// The program looks its answers up while the page is put together; they are taken afterwards.
+void app.start();
 mount(Page, { target: document.getElementById("app")!, props: { app } });
 // A script of the program may follow this one at once and look for the panels.
 flushSync();
-void app.start();
