@@ -73,6 +73,10 @@ void DevToolsConnection::send(const std::string& method, Json parameters, Reply 
     }
 }
 
+void DevToolsConnection::later(std::function<void()> work) {
+    queue_.post(std::move(work));
+}
+
 void DevToolsConnection::close() {
     closed_ = true;
     replies_.clear();

@@ -39,6 +39,8 @@ class DevToolsConnection : public std::enable_shared_from_this<DevToolsConnectio
     // Commands go to this session from now on.
     void useSession(const std::string& session) { session_ = session; }
     void send(const std::string& method, Json parameters = Json::object(), Reply reply = {});
+    // Runs the work from the message loop, whatever becomes of the connection.
+    void later(std::function<void()> work);
     // No handler and no reply is called any more.
     void close();
 

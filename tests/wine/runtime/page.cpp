@@ -47,8 +47,12 @@ void Page::prepare(TextDone ready, const std::string& target) {
                       });
 }
 
+bool Page::isBusy() const {
+    return navigating_ || removalsToCome_ > 0;
+}
+
 void Page::whenIdle(Done work) {
-    if (navigating_) {
+    if (isBusy() || !waiting_.empty()) {
         waiting_.push_back(std::move(work));
     } else {
         work();
@@ -108,7 +112,11 @@ void Page::finish(bool success) {
     installWatcher();
     tellFocus();
     if (onNavigated) onNavigated(success);
-    while (!navigating_ && !waiting_.empty()) {
+    workOff();
+}
+
+void Page::workOff() {
+    while (!isBusy() && !waiting_.empty()) {
         const Done work = std::move(waiting_.front());
         waiting_.pop_front();
         work();
@@ -134,14 +142,40 @@ void Page::takeNote(const std::string& note) {
 }
 
 void Page::addScript(const std::string& source, TextDone added) {
+    const std::string id = std::to_string(++lastScript_);
+    scripts_[id] = {};
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", source}},
-                      [added](const Json& result, auto&) {
-                          if (added) added(result.value("identifier", ""));
+                      [self = shared_from_this(), id](const Json& result, auto&) {
+                          self->scriptAdded(id, result.value("identifier", ""));
                       });
+    // Hosts wait for this many times while they start. What they ask for next is done after it
+    // anyhow, so they need not wait for the browser's answer.
+    if (added) connection_->later([added, id] { added(id); });
+}
+
+void Page::scriptAdded(const std::string& id, const std::string& browserId) {
+    const bool isUnwanted = scripts_[id].isUnwanted;
+    scripts_[id] = {browserId, false};
+    if (browserId.empty()) scripts_.erase(id);
+    if (!isUnwanted) return;
+    --removalsToCome_;
+    removeScript(id);
+    workOff();
 }
 
 void Page::removeScript(const std::string& id) {
-    connection_->send("Page.removeScriptToEvaluateOnNewDocument", {{"identifier", id}});
+    const auto found = scripts_.find(id);
+    if (found == scripts_.end()) return;
+    Script& script = found->second;
+    if (script.browserId.empty()) {
+        // A document that is opened before the browser has named the script must not run it.
+        if (!script.isUnwanted) ++removalsToCome_;
+        script.isUnwanted = true;
+        return;
+    }
+    connection_->send("Page.removeScriptToEvaluateOnNewDocument",
+                      {{"identifier", script.browserId}});
+    scripts_.erase(found);
 }
 
 void Page::execute(const std::string& script, TextDone done) {

@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -37,7 +38,8 @@ class Page : public std::enable_shared_from_this<Page> {
     void reload();
     const std::string& address() const { return address_; }
 
-    // The script runs at the start of every document from the next one on; `added` gets its id.
+    // The script runs at the start of every document from the next one on; `added` gets its id,
+    // from the message loop.
     void addScript(const std::string& source, TextDone added);
     void removeScript(const std::string& id);
     // Evaluates in the current document; `done` gets the value as JSON, "null" on an exception.
@@ -72,7 +74,14 @@ class Page : public std::enable_shared_from_this<Page> {
     void begin(Navigation navigation);
     void loaded(const std::string& loader);
     void finish(bool success);
+    struct Script {
+        std::string browserId;  // empty until the browser has answered
+        bool isUnwanted = false;
+    };
+    bool isBusy() const;
     void whenIdle(Done work);
+    void workOff();
+    void scriptAdded(const std::string& id, const std::string& browserId);
     void installWatcher();
     void tellFocus();
     void takeNote(const std::string& note);
@@ -87,7 +96,11 @@ class Page : public std::enable_shared_from_this<Page> {
     // The document that the navigation waits for, and the one that was loaded last.
     std::string awaited_;
     std::string loaded_;
-    // The host's requests that came during a navigation, in order.
+    std::map<std::string, Script> scripts_;
+    int lastScript_ = 0;
+    // Unwanted scripts that the browser has yet to name.
+    int removalsToCome_ = 0;
+    // The host's requests that came while the page was busy, in order.
     std::deque<Done> waiting_;
 };
 
