@@ -24,7 +24,7 @@ page_browser_tests() { (cd ui && npm run test:page); }
 unit_tests_asan() { build_preset asan ravelin_unit_tests && "$BUILD/asan/ravelin_unit_tests" --gtest_brief=1; }
 thread_tests_tsan() { build_preset tsan ravelin_thread_tests && "$BUILD/tsan/ravelin_thread_tests" --gtest_brief=1; }
 host_programs() { build_preset host; }
-unit_tests_wine() { wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
+unit_tests_wine() { timeout -k 10 600 wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
 windows_tests() {
     # The end-to-end tests leave every program on one desktop; these tests bring their own.
     wine reg delete 'HKCU\Software\Wine\Explorer' /f >/dev/null 2>&1 || true
@@ -58,6 +58,6 @@ step 'browser tests' browser_tests
 step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
 step 'end-to-end tests' end_to_end_tests
-step 'update tests' tests/update/run_tests.sh
+step 'update tests' timeout -k 10 900 tests/update/run_tests.sh
 step 'format' scripts/lint.sh --steps check_format
 summary
