@@ -32,6 +32,13 @@ void setFramelessStyle(HWND window) {
     SetWindowLongPtrW(window, GWL_STYLE, static_cast<LONG_PTR>(frameless));
 }
 
+// The state of the moment may miss a press that this thread has seen (Wine does so), and this
+// thread may have missed one that went to the view.
+bool primaryButtonIsHeld() {
+    const int button = GetSystemMetrics(SM_SWAPBUTTON) != 0 ? VK_RBUTTON : VK_LBUTTON;
+    return GetAsyncKeyState(button) < 0 || GetKeyState(button) < 0;
+}
+
 void follow(DraggedWindow& dragged) {
     const auto cursor = platform::cursorPosition();
     if (!cursor) return;
@@ -96,6 +103,9 @@ void ChildWindow::beginDrag() {
     state_->mainWindow = findWindowByTitle(mainWindowTitle);
     state_->drag.begin(*cursor, *rectangle);
     SetCapture(state_->window);
+    // The page asks a moment after the press. When that was a quick click, its release has gone to
+    // the view, and the window would hang on the cursor until the next one.
+    if (!primaryButtonIsHeld()) finish(*state_, false);
 }
 
 void ChildWindow::keepFrameless(std::int32_t width, std::int32_t height) {

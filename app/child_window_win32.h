@@ -29,7 +29,8 @@ class ChildWindow {
     ChildWindow& operator=(const ChildWindow&) = delete;
     ~ChildWindow();
 
-    // From here on the window follows the cursor until the button is released.
+    // From here on the window follows the cursor until the button is released; nothing happens when
+    // it is not held any more.
     void beginDrag();
     // Frameless again, around content of this size: the view gives a window that it sizes the
     // frame of one that the user may size.

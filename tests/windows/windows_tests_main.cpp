@@ -12,6 +12,7 @@
 
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/pipe_clients.h"
+#include "tests/windows/harness/pipe_servers.h"
 
 int main(int argc, char** argv) {
     int count = 0;
@@ -21,6 +22,17 @@ int main(int argc, char** argv) {
     }
     if (count == 3 && std::wstring(arguments.get()[1]) == L"--send-to-pipe") {
         return ravelin::test::runPipeSender(arguments.get()[2]);
+    }
+    if (count == 3 && std::wstring(arguments.get()[1]) == L"--hold-pipe") {
+        return ravelin::test::runPipeHolder(arguments.get()[2]);
+    }
+    if (count == 3 && std::wstring(arguments.get()[1]) == L"--serve-pipe") {
+        return ravelin::test::runPipeServerProgram(arguments.get()[2]);
+    }
+    // As the process of a torn-off panel.
+    if (count == 3 && std::wstring(arguments.get()[1]) == L"--child") {
+        if (std::wstring(arguments.get()[2]) == L"stays") Sleep(INFINITE);
+        return 0;
     }
 
     const char* folder = std::getenv("RAVELIN_TEST_RESULTS");

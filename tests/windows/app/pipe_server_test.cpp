@@ -86,6 +86,23 @@ TEST_F(PipeServer, NeverReadsFromACopyInAnotherFolder) {
     EXPECT_EQ(requests.clickerStart.load(), 0);
 }
 
+TEST_F(PipeServer, IsNotHeldUpByOtherProgramsThatNeverCloseTheirEnd) {
+    const test::ForeignProgram foreign;
+    const test::PipeHolderProgram first(foreign.path());
+    ASSERT_TRUE(first.holds());
+    const test::PipeHolderProgram second(foreign.path());
+    ASSERT_TRUE(second.holds());
+    expectThatTheServerServes();
+}
+
+TEST_F(PipeServer, ServesAgainWhenAClientThatNeverClosedHasDied) {
+    {
+        const test::PipeHolderProgram silent(test::ownPath());
+        ASSERT_TRUE(silent.holds());
+    }
+    expectThatTheServerServes();
+}
+
 TEST_F(PipeServer, AConnectionCarriesAnyNumberOfMessages) {
     const auto pipe = openPipeToWrite();
     for (int i = 1; i <= 100; ++i)

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "tests/windows/harness/start_program.h"
 #include "tests/windows/harness/test_window.h"
 
 namespace ravelin::test {
@@ -22,17 +23,8 @@ std::wstring ownPath() {
 
 ChildProgram::ChildProgram(const std::wstring& program, const std::wstring& title) {
     const EventHandle shown(CreateEventW(nullptr, TRUE, FALSE, shownEventName));
-    std::wstring line = L"\"" + program + L"\" --child-window \"" + title + L"\"";
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION created{};
-    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &start, &created) == 0) {
-        return;
-    }
-    process_.reset(created.hProcess);
-    const KernelHandle thread(created.hThread);
-    shown_ = WaitForSingleObject(shown.get(), patienceMs) == WAIT_OBJECT_0;
+    process_ = startProgram(program, L"--child-window", title);
+    shown_ = process_ && WaitForSingleObject(shown.get(), patienceMs) == WAIT_OBJECT_0;
 }
 
 ChildProgram::~ChildProgram() {

@@ -19,4 +19,23 @@ bool writeMessage(const FileHandle& pipe, std::string_view message);
 DWORD sendFromAnotherProcess(const std::wstring& program, const std::wstring& message);
 int runPipeSender(const wchar_t* message);
 
+// The test program, or a copy of it, started to open the pipe and never to close it; ended with
+// this object.
+class PipeHolderProgram {
+  public:
+    explicit PipeHolderProgram(const std::wstring& program);
+    PipeHolderProgram(const PipeHolderProgram&) = delete;
+    PipeHolderProgram& operator=(const PipeHolderProgram&) = delete;
+    ~PipeHolderProgram();
+
+    bool holds() const { return holds_; }
+
+  private:
+    ProcessHandle process_;
+    bool holds_ = false;
+};
+
+// The started process: opens the pipe, sets the event of that name and lives until it is ended.
+int runPipeHolder(const wchar_t* eventName);
+
 }  // namespace ravelin::test
