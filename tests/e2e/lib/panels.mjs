@@ -21,7 +21,7 @@ export async function detachByButton(ravelin, panel) {
 
 /** The page of the panel's window, once that is there as a user sees it. */
 export async function panelPage(ravelin, panel) {
-    const page = await ravelin.panelPage(panel.id);
+    const page = await ravelin.panelPage(panel.window);
     await page.locator(`#${panel.id}`).waitFor();
     await untilWindow(panel.window, (state) => !state.frame, `"${panel.window}" without a frame`);
     return page;

@@ -48,31 +48,32 @@ export class Ravelin {
 
     /** The page of the main window, through the engine's debugging port. */
     async page() {
-        this.attached ??= await this.attach((commandLine) => !commandLine.includes('--child'));
+        this.attached ??= await this.attach(({ commandLine }) => !commandLine.includes('--child'));
         return this.attached;
     }
 
-    /** The page of the window that shows one panel. */
-    async panelPage(id) {
-        return await this.attach((commandLine) => commandLine.includes(`|${id}|`));
+    /** The page of the panel's window of that title. */
+    async panelPage(title) {
+        const process = await until(() => windowTool('process', title), `the window "${title}"`);
+        return await this.attach((view) => view.process === process);
     }
 
-    /** The page of the process whose command line fits. */
+    /** The page of the view that fits. */
     async attach(fits) {
-        const port = await until(() => this.portOf(fits), 'the debugging port');
-        const browser = await chromium.connectOverCDP(`http://127.0.0.1:${port}`);
+        const view = await until(() => this.views().find(fits), 'the debugging port');
+        const browser = await chromium.connectOverCDP(`http://127.0.0.1:${view.port}`);
         this.browsers.push(browser);
         const page = browser.contexts()[0].pages()[0];
         page.setDefaultTimeout(20_000);
         return page;
     }
 
-    portOf(fits) {
-        for (const name of readdirSync(this.ports).filter((file) => file.endsWith('.port'))) {
-            const [port, , , commandLine] = (textOf(path.join(this.ports, name)) ?? '').split('\n');
-            if (commandLine !== undefined && fits(commandLine)) return port.trim();
-        }
-        return null;
+    /** The views of all windows so far. */
+    views() {
+        return readdirSync(this.ports).filter((file) => file.endsWith('.port')).map((name) => {
+            const [port, , process, commandLine = ''] = (textOf(path.join(this.ports, name)) ?? '').split('\n');
+            return { port, process, commandLine };
+        });
     }
 
     async detach() {

@@ -1,0 +1,51 @@
+// Where the main window opens: at its saved place, cut to the screen, never out of sight.
+import assert from 'node:assert/strict';
+import { mkdirSync, writeFileSync } from 'node:fs';
+import path from 'node:path';
+import test, { afterEach, before } from 'node:test';
+import { Ravelin, windowTitle } from './lib/ravelin.mjs';
+import { clearDataFolder, dataFolder, useVirtualDesktop } from './lib/wine.mjs';
+import { untilWindow, windowTool } from './lib/windows.mjs';
+
+let ravelin;
+
+before(useVirtualDesktop);
+
+afterEach(async () => {
+    try {
+        await ravelin?.close();
+    } catch (error) {
+        await ravelin.kill();
+        throw error;
+    } finally {
+        ravelin = undefined;
+    }
+});
+
+async function openWithSettings(settings) {
+    clearDataFolder();
+    mkdirSync(dataFolder(), { recursive: true });
+    const lines = Object.entries(settings).map(([key, value]) => `${key}=${value}\r\n`);
+    writeFileSync(path.join(dataFolder(), 'appsettings.txt'), lines.join(''));
+    ravelin = await Ravelin.open({ keepData: true });
+    return await untilWindow(windowTitle);
+}
+
+test('a saved size beyond the screen is cut to the screen', async () => {
+    const { left, top, width, height } =
+        await openWithSettings({ windowX: 100, windowY: 60, windowWidth: 3000, windowHeight: 2500, windowMaximized: 0 });
+    assert.deepEqual([left, top, width, height], [100, 60, 1280, 1000]);
+});
+
+test('a place on a monitor that is gone is left alone', async () => {
+    const state = await openWithSettings({ windowX: 5000, windowY: 4000, windowWidth: 500, windowHeight: 500, windowMaximized: 0 });
+    assert.ok(state.left >= 0 && state.left < 1280 && state.top >= 0 && state.top < 1000, JSON.stringify(state));
+});
+
+test('a maximised window opens maximised and returns to its saved place', async () => {
+    const state = await openWithSettings({ windowX: 70, windowY: 80, windowWidth: 640, windowHeight: 520, windowMaximized: 1 });
+    assert.equal(state.maximized, true);
+    await windowTool('restore', windowTitle);
+    const { left, top, width, height } = await untilWindow(windowTitle, (now) => !now.maximized);
+    assert.deepEqual([left, top, width, height], [70, 80, 640, 520]);
+});
