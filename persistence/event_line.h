@@ -3,21 +3,26 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 
-#include "input/unified_event.h"
+#include "input/event_list.h"
+#include "support/block_writer.h"
+#include "support/decimal_digits.h"
+#include "support/real_text.h"
 
 namespace ravelin {
 
-// The line without its end. False when one of the eight fields is missing or does not convert;
-// `event` holds nothing of use then. What follows the eighth field is ignored.
-bool parseEventLine(std::string_view line, UnifiedEvent& event);
+// Reads a line without its end as one more event of the list. False when one of the eight fields is
+// missing or does not convert; the list stays as it was then. What follows the eighth field is
+// ignored.
+bool appendEvent(EventList& events, std::string_view line);
 
-// Appends the line and its end, as both lie on disk.
-void appendEventLine(std::string& text, const UnifiedEvent& event);
+// Writes the line and its end, as both lie on disk, and returns where they stop. What stands behind
+// them within eventLineRoom characters is overwritten too.
+inline constexpr std::size_t eventLineRoom = 7 * integerTextSize + realTextSize + 9;
+char* writeEventLine(char* out, const UnifiedEvent& event);
 
-// Room for a line of a usual recording with its end: what a text of many is best reserved for.
-inline constexpr std::size_t usualEventLineSize = 32;
+// Writes a line for every event.
+void writeEvents(BlockWriter& out, const EventList& events);
 
 }  // namespace ravelin

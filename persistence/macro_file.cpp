@@ -6,6 +6,7 @@
 #include "persistence/event_line.h"
 #include "persistence/macro_settings.h"
 #include "persistence/session_settings.h"
+#include "support/block_writer.h"
 #include "support/text_file.h"
 
 namespace ravelin {
@@ -19,9 +20,8 @@ std::string readMacro(LineReader& lines, Profile& out) {
         profile.settingsLine = macroSettingsToProfileLine(line.substr(settingsPrefix.size()));
         more = lines.next(line);
     }
-    UnifiedEvent event;
     for (; more; more = lines.next(line))
-        if (parseEventLine(line, event)) profile.events.append(event);
+        appendEvent(profile.events, line);
     out = std::move(profile);
     return {};
 }
@@ -34,15 +34,15 @@ std::string readMacroFile(const std::string& path, Profile& out) {
 std::string writeMacroFile(const std::string& path, const Profile& profile) {
     if (profile.name.empty() || profile.name.find('\n') != std::string::npos)
         return "That profile's name can't be written to a macro file.";
-    std::string text = profile.name;
-    text.reserve(profile.events.size() * usualEventLineSize);
-    text += lineEnd;
-    text += settingsPrefix;
-    text += profileToSessionLine(profile.settingsLine);
-    text += lineEnd;
-    for (const auto& event : profile.events)
-        appendEventLine(text, event);
-    return writeFile(path, text) ? "" : "Couldn't write that macro file.";
+    const bool written = writeInBlocks(path, [&profile](BlockWriter& out) {
+        out.append(profile.name);
+        out.append(lineEnd);
+        out.append(settingsPrefix);
+        out.append(profileToSessionLine(profile.settingsLine));
+        out.append(lineEnd);
+        writeEvents(out, profile.events);
+    });
+    return written ? "" : "Couldn't write that macro file.";
 }
 
 }  // namespace ravelin

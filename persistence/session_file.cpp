@@ -7,8 +7,8 @@
 #include "persistence/profiles.h"
 #include "persistence/session_settings.h"
 #include "persistence/session_text.h"
+#include "support/block_writer.h"
 #include "support/line_reader.h"
-#include "support/text_file.h"
 
 namespace ravelin {
 namespace {
@@ -28,7 +28,9 @@ std::optional<Session> snapshot() {
 }
 
 void lockedSave() {
-    if (const auto session = snapshot()) writeFile(sessionPath, sessionText(*session));
+    const auto session = snapshot();
+    if (!session) return;
+    writeInBlocks(sessionPath, [&session](BlockWriter& out) { writeSession(out, *session); });
 }
 
 }  // namespace

@@ -14,10 +14,10 @@ constexpr std::string_view currentPrefix = "CURRENT:";
 constexpr std::string_view profilePrefix = "PROFILE:";
 constexpr std::string_view profileSettingsPrefix = "PROFILESETTINGS:";
 
-void addLine(std::string& text, std::string_view prefix, std::string_view rest) {
-    text += prefix;
-    text += rest;
-    text += lineEnd;
+void writeLine(BlockWriter& out, std::string_view prefix, std::string_view rest) {
+    out.append(prefix);
+    out.append(rest);
+    out.append(lineEnd);
 }
 
 // Takes the prefix off the line, if the line begins with it.
@@ -29,7 +29,6 @@ bool takePrefix(std::string_view& line, std::string_view prefix) {
 
 void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
     std::string_view line;
-    UnifiedEvent event;
     while (lines.next(line)) {
         if (takePrefix(line, profilePrefix)) {
             if (profiles.size() == mostProfilesRead) return;
@@ -38,30 +37,23 @@ void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
             continue;
         } else if (takePrefix(line, profileSettingsPrefix)) {
             profiles.back().settingsLine = line;
-        } else if (parseEventLine(line, event)) {
-            profiles.back().events.append(event);
+        } else {
+            appendEvent(profiles.back().events, line);
         }
     }
 }
 
 }  // namespace
 
-std::string sessionText(const Session& session) {
-    std::string text;
-    std::size_t events = 0;
-    for (const auto& profile : session.profiles)
-        events += profile.events.size();
-    text.reserve(events * usualEventLineSize);
-    addLine(text, settingsPrefix, session.settingsLine);
-    addLine(text, currentPrefix, std::to_string(session.current));
+void writeSession(BlockWriter& out, const Session& session) {
+    writeLine(out, settingsPrefix, session.settingsLine);
+    writeLine(out, currentPrefix, std::to_string(session.current));
     for (const auto& profile : session.profiles) {
-        addLine(text, profilePrefix, profile.name);
+        writeLine(out, profilePrefix, profile.name);
         if (!profile.settingsLine.empty())
-            addLine(text, profileSettingsPrefix, profile.settingsLine);
-        for (const auto& event : profile.events)
-            appendEventLine(text, event);
+            writeLine(out, profileSettingsPrefix, profile.settingsLine);
+        writeEvents(out, profile.events);
     }
-    return text;
 }
 
 std::optional<Session> readSession(LineReader& lines) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "persistence/profiles.h"
+#include "support/block_writer.h"
 #include "support/line_reader.h"
 
 namespace ravelin {
@@ -18,8 +19,8 @@ struct Session {
     std::vector<Profile> profiles;
 };
 
-// The text as it lies on disk.
-std::string sessionText(const Session& session);
+// Writes the text as it lies on disk.
+void writeSession(BlockWriter& out, const Session& session);
 
 // Nothing when the text does not begin with a settings line. Lines that make no sense are skipped
 // one by one; the current index is as the text has it, within the list or not.

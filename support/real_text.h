@@ -7,8 +7,8 @@
 namespace ravelin {
 
 // A real number as a stream writes it by default: six significant digits without trailing zeros,
-// plain or with an exponent, whatever the locale. Writes at most realTextSize characters at `out`
-// and returns their end.
+// plain or with an exponent, whatever the locale. Returns its end; what stands behind it within
+// realTextSize characters is overwritten too.
 inline constexpr std::size_t realTextSize = 16;
 char* writeReal(char* out, double value);
 std::string realText(double value);

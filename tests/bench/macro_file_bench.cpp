@@ -23,6 +23,7 @@ struct MacroOnDisk {
     std::int64_t bytes = 0;
 
     MacroOnDisk() {
+        test::keepFreedMemory();
         writeMacroFile(path, profile);
         bytes = static_cast<std::int64_t>(std::filesystem::file_size(path));
     }

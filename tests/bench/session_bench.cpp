@@ -34,6 +34,7 @@ struct SessionOnDisk {
     std::int64_t bytes = 0;
 
     SessionOnDisk() {
+        test::keepFreedMemory();
         sessionPath = folder.file("session.dat");
         profiles = {Profile{defaultProfileName, std::string(defaultSettingsLine),
                             test::generatedMacro(1000000)}};

@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "persistence/event_line.h"
 #include "persistence/macro_file.h"
+#include "tests/support/event_text.h"
 #include "tests/support/reference_reader.h"
 
 namespace {
@@ -45,13 +45,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const auto& event : read.events) {
         // Rounded to six digits, the smallest numbers may fall out of range.
         if (event.time != 0 && std::abs(event.time) < 3e-308) continue;
-        std::string once;
-        std::string twice;
-        UnifiedEvent again;
-        appendEventLine(once, event);
-        check(parseEventLine(std::string_view(once).substr(0, once.size() - 2), again));
-        appendEventLine(twice, again);
-        check(once == twice);
+        const auto once = test::eventLine(event);
+        EventList again;
+        check(appendEvent(again, std::string_view(once).substr(0, once.size() - 2)));
+        check(once == test::eventLine(again[0]));
     }
     return 0;
 }

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <limits>
 #include <string>
 
 namespace ravelin::test {
@@ -16,6 +17,13 @@ inline double memoryMb(const std::string& name) {
         if (line.compare(0, name.size() + 1, name + ':') == 0)
             return std::atof(line.c_str() + name.size() + 1) / 1024;
     return 0;
+}
+
+// From here on, memory that is freed stays with the process and serves what is measured next. Else
+// the cost of new pages would be counted or not, as the allocator happens to have been used before.
+inline void keepFreedMemory() {
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
 }
 
 // Counts from what is held when it is made.

@@ -5,7 +5,9 @@
 #include <limits>
 #include <random>
 #include <sstream>
+#include <vector>
 
+#include "tests/support/event_text.h"
 #include "tests/support/reference_reader.h"
 
 namespace ravelin {
@@ -13,12 +15,17 @@ namespace {
 
 using namespace std::string_literals;
 
+bool parseEventLine(std::string_view line, UnifiedEvent& event) {
+    EventList events;
+    if (!appendEvent(events, line)) return false;
+    event = events[0];
+    return true;
+}
+
 std::string lineOf(const UnifiedEvent& event) {
-    std::string text = "before ";
-    appendEventLine(text, event);
-    EXPECT_EQ(text.substr(0, 7), "before ");
+    const auto text = test::eventLine(event);
     EXPECT_EQ(text.substr(text.size() - 2), "\r\n");
-    return text.substr(7, text.size() - 9);
+    return text.substr(0, text.size() - 2);
 }
 
 // The event as a stream writes it, field by field.
@@ -30,11 +37,15 @@ std::string streamed(const UnifiedEvent& e) {
 }
 
 void expectAsReference(const std::string& line) {
-    UnifiedEvent event;
+    // Where nothing stands behind the line, so that a look behind it shows under a sanitizer.
+    const std::vector<char> copy(line.begin(), line.end());
+    const std::string_view text(copy.data(), copy.size());
+    EventList events;
     const auto expected = test::referenceEvent(line);
-    ASSERT_EQ(parseEventLine(line, event), expected.has_value()) << '"' << line << '"';
+    ASSERT_EQ(appendEvent(events, text), expected.has_value()) << '"' << line << '"';
+    ASSERT_EQ(events.size(), expected ? 1U : 0U) << '"' << line << '"';
     if (expected) {
-        ASSERT_TRUE(test::sameEvent(event, *expected)) << '"' << line << '"';
+        ASSERT_TRUE(test::sameEvent(events[0], *expected)) << '"' << line << '"';
     }
 }
 
@@ -178,6 +189,50 @@ TEST(EventLine, IsReadAsTheReferenceReadsIt) {
             }
         }
         expectAsReference(line);
+    }
+}
+
+// Lines like those that the program writes, with numbers of every length, points and signs where
+// they belong and where they do not, and now and then a field more or less.
+TEST(EventLine, IsReadAsTheReferenceReadsItWhateverItsShape) {
+    std::mt19937 random(23);
+    const auto chance = [&random](unsigned n) { return random() % n == 0; };
+    const auto digits = [&random](std::size_t atLeast, std::size_t atMost) {
+        std::string text;
+        for (auto n = atLeast + random() % (atMost - atLeast + 1); n > 0; --n)
+            text += static_cast<char>('0' + random() % 10);
+        return text;
+    };
+    for (int i = 0; i < 200000 && !::testing::Test::HasFailure(); ++i) {
+        const std::size_t longest = 1 + random() % 10;
+        const std::size_t shortest = chance(20) ? 0 : 1;
+        const bool still = chance(2);
+        std::string line;
+        for (std::size_t field = 0, count = chance(30) ? 6 + random() % 4 : 8; field < count;
+             ++field) {
+            if (field > 0) line += ',';
+            if (chance(6)) line += '-';
+            line += field == 0 || (field > 3 && still) ? digits(1, 1) : digits(shortest, longest);
+            if (field == 1 ? !chance(4) : chance(100)) line += '.' + digits(shortest, longest);
+        }
+        if (chance(50)) line.insert(random() % line.size(), 1, "/:x. \t,"[random() % 7]);
+        expectAsReference(line);
+        expectAsReference(line.substr(0, line.size() - 1 - random() % 9));
+    }
+}
+
+TEST(EventLine, IsReadUpToItsEndWhateverItsLength) {
+    for (std::size_t length = 1; length <= 70; ++length) {
+        for (const std::string start : {"0,1.5,", "0,12345678.1234567,", "3,0.001,-1,-12345678,"}) {
+            for (const char* end : {"", "0,0,0,0", "2,65,1,-120", ",,,,", ",,,,,"}) {
+                const std::string filled = start + end;
+                if (filled.size() > length) continue;
+                // A number in the middle that takes up what is missing.
+                expectAsReference(start + std::string(length - filled.size(), '7') + end);
+                expectAsReference(start + std::string(length - filled.size(), ',') + end);
+                expectAsReference(std::string(length - filled.size(), ',') + start + end);
+            }
+        }
     }
 }
 

@@ -46,6 +46,14 @@ TEST(RealText, IsWhatAStreamWrites) {
     EXPECT_EQ(realText(std::numeric_limits<double>::quiet_NaN()), "nan");
 }
 
+TEST(RealText, StaysWithinItsRoom) {
+    for (const double value : {0.000123456, 0.0001, 123456.0, 99999.5, 1.5, -1.23456e-300}) {
+        std::string text(realTextSize + 1, '#');
+        writeReal(text.data(), value);
+        EXPECT_EQ(text.back(), '#') << value;
+    }
+}
+
 TEST(RealText, IsWhatAStreamWritesForNumbersOfEverySize) {
     std::mt19937 random(20240229);
     const auto expectSame = [](double value) {
@@ -67,6 +75,12 @@ TEST(RealText, IsWhatAStreamWritesForNumbersOfEverySize) {
         expectSame(halfway);
         expectSame(std::nextafter(halfway, 0.0));
         expectSame(std::nextafter(halfway, 1e300));
+    }
+    // Of few digits, with zeros behind them that are not written.
+    for (int i = 0; i < 100000 && !::testing::Test::HasFailure(); ++i) {
+        const double few = static_cast<double>(random() % 1000) * std::pow(10, random() % 5);
+        expectSame(few / std::pow(10, random() % 9));
+        expectSame(static_cast<double>(random()) / 1e6);
     }
     for (int exponent = -1074; exponent < 1024; ++exponent)
         expectSame(std::ldexp(1.0, exponent));
