@@ -42,7 +42,8 @@ inline char* writeInteger(char* out, std::int64_t value) {
     }
     if (value >= 100000000) return std::to_chars(out, out + 10, value).ptr;
     const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(value));
-    const int zeros = std::countr_zero(digits) / 8;
+    // The last digit, in the highest byte, is never a leading zero.
+    const int zeros = std::countr_zero(digits | std::uint64_t{1} << 56) / 8;
     const std::uint64_t characters = digitCharacters(digits) >> zeros * 8;
     std::memcpy(out, &characters, sizeof characters);
     return out + 8 - zeros;

@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { cpSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, afterEach, before } from 'node:test';
-import { clicker, detachByButton, panelPage, untilGone } from './lib/panels.mjs';
+import { clicker, detachByButton, ending, panelPage, untilGone } from './lib/panels.mjs';
 import { Ravelin } from './lib/ravelin.mjs';
 import { programFolder, runToEnd, scratch, screenshot, start, toolFolder, until, useVirtualDesktop, windowsPath, within, xdotool } from './lib/wine.mjs';
 import { untilWindow } from './lib/windows.mjs';
@@ -54,7 +54,7 @@ test('another program is never obeyed, and holds up nobody by keeping its connec
     assert.deepEqual([settings.sh, settings.ss], [0, 7]);
     await child.evaluate(() => window.stopSpammer());
     await ravelin.untilStatus((now) => !clicks(now), 'the clicker to stop');
-    await child.evaluate(() => window.closeThisWindow());
+    await ending(child.evaluate(() => window.closeThisWindow()));
     await untilGone(clicker.window);
 });
 
@@ -69,7 +69,7 @@ test('a copy of the program in another folder is not obeyed either', async () =>
     // As it was left by the window of the test before.
     assert.equal((await page.evaluate(() => window.getSettings())).ss, 7);
     assert.equal(clicks(await ravelin.statusNow()), false);
-    await copy.evaluate(() => window.closeThisWindow());
+    await ending(copy.evaluate(() => window.closeThisWindow()));
     assert.equal(await within(30_000, run.exited, 'the copy to end'), 0);
 });
 
@@ -84,6 +84,6 @@ test('a window that is started by hand opens at its place in the usual theme, an
     await startClicking(child, 9);
     await screenshot('panel-alone');
     ravelin = undefined;
-    await child.getByRole('button', { name: 'Close this window' }).click();
+    await ending(child.getByRole('button', { name: 'Close this window' }).click());
     assert.equal(await within(30_000, run.exited, 'the panel to end'), 0);
 });

@@ -1,7 +1,7 @@
 // Panels in windows of their own: torn off, acting on the engine, dragged, docked and ended.
 import assert from 'node:assert/strict';
 import test, { after, afterEach, before } from 'node:test';
-import { clicker, detachByButton, grab, hidden, keySpammer, macro, panelPage, shown, titlePlace, untilGone } from './lib/panels.mjs';
+import { clicker, detachByButton, ending, grab, hidden, keySpammer, macro, panelPage, shown, titlePlace, untilGone } from './lib/panels.mjs';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
 import { runToEnd, screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
@@ -195,7 +195,7 @@ test('dropped elsewhere it stays there; dropped on the main window it goes and t
 
 test('its button closes it, and the panel is back', async () => {
     const child = await detachByButton(ravelin, macro);
-    await child.getByRole('button', { name: 'Close this window' }).click();
+    await ending(child.getByRole('button', { name: 'Close this window' }).click());
     await untilGone(macro.window);
     await shown(page, macro);
 });

@@ -31,6 +31,13 @@ export async function untilGone(title) {
     await until(async () => (await windowState(title)) === null, `the window "${title}" to go`);
 }
 
+/** Does what ends the page's window. The page may be gone before it can tell that it has done it. */
+export async function ending(deed) {
+    await deed.catch((error) => {
+        if (!/closed/.test(error.message)) throw error;
+    });
+}
+
 /** Where on the screen the title of the panel is, in the window of that title. */
 export async function titlePlace(page, panel, windowTitle) {
     const box = await page.locator(`#${panel.id} .title`).boundingBox();
