@@ -11,8 +11,11 @@ export class Probe {
         const probe = new Probe();
         probe.process = spawn('wine', [windowsPath(path.join(toolFolder, 'update_probe.exe'))], {
             env: { ...process.env, WINEPREFIX: prefix, WINEDEBUG: '-all', WINEDLLOVERRIDES: 'mscoree=;mshtml=' },
-            stdio: ['pipe', 'pipe', 'inherit'],
+            // Never this process's own streams: the desktop's processes would hold them for as long
+            // as they live, and whoever reads what the tests print would wait for them.
+            stdio: ['pipe', 'pipe', 'ignore'],
         });
+        probe.exited = new Promise((resolve) => probe.process.on('exit', resolve));
         const lines = createInterface({ input: probe.process.stdout })[Symbol.asyncIterator]();
         probe.nextLine = async () => (await lines.next()).value;
         probe.temp = path.join(scratch, 'update-temp');
@@ -59,8 +62,12 @@ export class Probe {
     }
 
     async close() {
-        const ended = new Promise((resolve) => this.process.on('close', resolve));
         this.process.stdin.end();
-        await within(30_000, ended, 'the probe to end');
+        try {
+            await within(30_000, this.exited, 'the probe to end');
+        } finally {
+            this.process.kill('SIGKILL');
+            this.process.stdout.destroy();
+        }
     }
 }
