@@ -22,14 +22,7 @@ afterEach(async () => {
     run = undefined;
 });
 
-after(async () => {
-    try {
-        await ravelin?.close();
-    } catch (error) {
-        await ravelin.kill();
-        throw error;
-    }
-});
+after(async () => await ravelin?.closeOrKill());
 
 /** Sets the clicker to an interval in seconds and starts it, from the page of a panel's window. */
 async function startClicking(page, seconds) {

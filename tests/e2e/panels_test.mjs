@@ -32,14 +32,7 @@ afterEach(async () => {
     }
 });
 
-after(async () => {
-    try {
-        await ravelin?.close();
-    } catch (error) {
-        await ravelin.kill();
-        throw error;
-    }
-});
+after(async () => await ravelin?.closeOrKill());
 
 // The window shows what the page shows a moment later; matters to pictures only.
 const painted = (of) => of.evaluate(() => new Promise((done) => setTimeout(() => requestAnimationFrame(done), 300)));

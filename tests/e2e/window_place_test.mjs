@@ -13,10 +13,7 @@ before(useVirtualDesktop);
 
 afterEach(async () => {
     try {
-        await ravelin?.close();
-    } catch (error) {
-        await ravelin.kill();
-        throw error;
+        await ravelin?.closeOrKill();
     } finally {
         ravelin = undefined;
     }

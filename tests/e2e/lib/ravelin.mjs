@@ -87,6 +87,16 @@ export class Ravelin {
         return await within(30_000, this.run.exited, 'the program to end');
     }
 
+    /** Closes the window; a program that does not end by that is killed, and the failure passed on. */
+    async closeOrKill() {
+        try {
+            return await this.close();
+        } catch (error) {
+            await this.kill();
+            throw error;
+        }
+    }
+
     /** Ends the process without asking it. */
     async kill() {
         await this.detach();

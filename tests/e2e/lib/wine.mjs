@@ -16,7 +16,8 @@ export const scratch = path.join(build, 'e2e');
 mkdirSync(scratch, { recursive: true });
 
 const desktop = 'ravelin';
-const environment = {
+/** What every Windows program is started with. */
+export const environment = {
     ...process.env,
     WINEPREFIX: prefix,
     WINEDEBUG: process.env.WINEDEBUG ?? '-all',

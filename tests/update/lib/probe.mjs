@@ -3,14 +3,14 @@ import { spawn } from 'node:child_process';
 import { existsSync, mkdirSync, readdirSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import { createInterface } from 'node:readline';
-import { prefix, scratch, toolFolder, windowsPath, within } from '../../e2e/lib/wine.mjs';
+import { environment, scratch, toolFolder, windowsPath, within } from '../../e2e/lib/wine.mjs';
 
 export class Probe {
     /** Starts it with an empty folder for its temporary files. */
     static async open() {
         const probe = new Probe();
         probe.process = spawn('wine', [windowsPath(path.join(toolFolder, 'update_probe.exe'))], {
-            env: { ...process.env, WINEPREFIX: prefix, WINEDEBUG: '-all', WINEDLLOVERRIDES: 'mscoree=;mshtml=' },
+            env: environment,
             // Never this process's own streams: the desktop's processes would hold them for as long
             // as they live, and whoever reads what the tests print would wait for them.
             stdio: ['pipe', 'pipe', 'ignore'],
