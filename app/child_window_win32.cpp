@@ -1,10 +1,9 @@
 #include "app/child_window_win32.h"
 
-#include <commctrl.h>
-
 #include <utility>
 
 #include "app/panel_drag.h"
+#include "app/window_subclass_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 
@@ -19,7 +18,6 @@ struct DraggedWindow {
 
 namespace {
 
-constexpr UINT_PTR subclassId = 2;
 constexpr DWORD frameStyles =
     WS_DLGFRAME | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
 
@@ -55,24 +53,13 @@ void finish(DraggedWindow& dragged, bool released) {
     if (end.docks) dragged.events.dockBack();
 }
 
-// Whether the message ends here.
-bool handleDrag(DraggedWindow& dragged, UINT message) {
+// Whether the message ends here. What cannot be told to the main window is lost; the drag goes on.
+bool ChildFramelessWndProc(DraggedWindow& dragged, UINT message) {
     if (!dragged.drag.dragging()) return false;
     if (message == WM_MOUSEMOVE) follow(dragged);
     if (message == WM_LBUTTONUP) finish(dragged, true);
     if (message == WM_CAPTURECHANGED) finish(dragged, false);
     return message == WM_MOUSEMOVE || message == WM_LBUTTONUP;
-}
-
-LRESULT CALLBACK ChildFramelessWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                       UINT_PTR id, DWORD_PTR data) noexcept {
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, ChildFramelessWndProc, id);
-    try {
-        if (handleDrag(*reinterpret_cast<DraggedWindow*>(data), message)) return 0;
-    } catch (...) {
-        // What cannot be told to the main window is lost; the drag goes on.
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
 }
 
 }  // namespace
@@ -88,12 +75,13 @@ ChildWindow::ChildWindow(HWND window, std::optional<platform::Point> corner,
     const UINT inPlace = corner ? 0 : SWP_NOMOVE | SWP_NOSIZE;
     SetWindowPos(window, nullptr, at.x, at.y, childWidth, childHeight,
                  SWP_NOZORDER | SWP_FRAMECHANGED | inPlace);
-    SetWindowSubclass(window, ChildFramelessWndProc, subclassId,
-                      reinterpret_cast<DWORD_PTR>(state_.get()));
+    subclassWindow(window, [dragged = state_.get()](UINT message) {
+        return ChildFramelessWndProc(*dragged, message);
+    });
 }
 
 ChildWindow::~ChildWindow() {
-    RemoveWindowSubclass(state_->window, ChildFramelessWndProc, subclassId);
+    unsubclassWindow(state_->window);
 }
 
 void ChildWindow::beginDrag() {

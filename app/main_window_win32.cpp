@@ -1,18 +1,13 @@
 #include "app/main_window_win32.h"
 
-#include <commctrl.h>
-
-#include <memory>
 #include <utility>
 
+#include "app/window_subclass_win32.h"
 #include "app/windows_win32.h"
 
 namespace ravelin {
 
 namespace {
-
-// Distinguishes this subclass from others of the same window.
-constexpr UINT_PTR subclassId = 1;
 
 std::optional<WindowPlacement> currentPlacement(HWND window) {
     WINDOWPLACEMENT placement{};
@@ -30,23 +25,6 @@ std::optional<WindowPlacement> currentPlacement(HWND window) {
                            .saved = true};
 }
 
-LRESULT CALLBACK mainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                UINT_PTR id, DWORD_PTR data) noexcept {
-    const auto* store = reinterpret_cast<const StorePlacement*>(data);
-    if (message == WM_EXITSIZEMOVE || message == WM_DESTROY) {
-        try {
-            if (const auto placement = currentPlacement(window)) (*store)(*placement);
-        } catch (...) {
-            // A placement that cannot be stored is lost; the window goes on.
-        }
-    }
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, mainWindowProc, id);
-        delete store;
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
-}
-
 void restorePlacement(HWND window, const WindowPlacement& saved) {
     const HMONITOR monitor = MonitorFromPoint({saved.x, saved.y}, MONITOR_DEFAULTTONULL);
     const auto rectangle = startRectangle(saved, describeMonitor(monitor));
@@ -55,13 +33,13 @@ void restorePlacement(HWND window, const WindowPlacement& saved) {
                  rectangle->height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// A placement that cannot be stored is lost; the window goes on.
 void storeFromNowOn(HWND window, StorePlacement store) {
-    auto owned = std::make_unique<StorePlacement>(std::move(store));
-    const auto data = reinterpret_cast<DWORD_PTR>(owned.get());
-    if (SetWindowSubclass(window, mainWindowProc, subclassId, data) != 0) {
-        // The window procedure deletes it with the window.
-        static_cast<void>(owned.release());
-    }
+    subclassWindow(window, [window, store = std::move(store)](UINT message) {
+        if (message != WM_EXITSIZEMOVE && message != WM_DESTROY) return false;
+        if (const auto placement = currentPlacement(window)) store(*placement);
+        return false;
+    });
 }
 
 }  // namespace

@@ -3,7 +3,7 @@ if(NOT windows_sources)
 endif()
 add_library(ravelin_windows STATIC ${windows_sources})
 target_link_libraries(ravelin_windows PUBLIC ravelin_core
-    wtsapi32 winmm ole32 shell32 user32 gdi32 advapi32 comctl32 bcrypt winhttp
+    wtsapi32 winmm ole32 shell32 user32 gdi32 advapi32 bcrypt winhttp
     crypt32 version shlwapi)
 
 # Icons, version information and manifest, in the program and in its Windows tests.
