@@ -37,6 +37,33 @@ test('scripts of the host run before those of the page, in a blank document of n
     await host.close();
 });
 
+test('documents that the page opens by itself get the scripts as they are then', async () => {
+    const page = pageText('plain.html').replace(
+        'addEventListener',
+        `const kindInNewFrame = () => new Promise((done) => {
+            const frame = document.createElement('iframe');
+            frame.srcdoc = '<p>new</p>';
+            frame.onload = () => { done(typeof frame.contentWindow.late); frame.remove(); };
+            document.body.append(frame);
+        });
+        const becomes = async (kind) => {
+            while (await kindInNewFrame() !== kind);
+            report('late', kind);
+        };
+        addEventListener('load', async () => {
+            await becomes('undefined');
+            await bindLate();
+            await becomes('function');
+            await unbindLate();
+            await becomes('undefined');
+        });
+        addEventListener`,
+    );
+    const host = await BrowserHost.open({ page, ready: false });
+    for (const kind of ['undefined', 'function', 'undefined']) assert.equal((await host.reported('late'))[1], kind);
+    await host.close();
+});
+
 test('a bound method answers, rejects and is called back', async () => {
     const page = pageText('plain.html').replace(
         'addEventListener',

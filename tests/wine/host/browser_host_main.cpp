@@ -79,6 +79,18 @@ void callBack(const char* id, const char*, void* view) {
         view, [](Webview later, void*) { library.eval(later, "window.onCallBack()"); }, nullptr);
 }
 
+// bindLate() binds the method late().
+void bindLate(const char* id, const char*, void* view) {
+    library.bind(view, "late", echo, view);
+    library.resolve(view, id, 0, "");
+}
+
+// unbindLate() takes it away again.
+void unbindLate(const char* id, const char*, void* view) {
+    library.unbind(view, "late");
+    library.resolve(view, id, 0, "");
+}
+
 // grabMouse() takes the mouse from the page while a button is held, as a window drag does at first.
 void grabMouse(const char* id, const char*, void* view) {
     SetCapture(static_cast<HWND>(library.nativeHandle(view, 0)));
@@ -109,6 +121,8 @@ Webview openView(const std::string& title, int width, int height) {
     library.bind(view, "where", where, view);
     library.bind(view, "pointer", pointer, view);
     library.bind(view, "callBack", callBack, view);
+    library.bind(view, "bindLate", bindLate, view);
+    library.bind(view, "unbindLate", unbindLate, view);
     library.bind(view, "grabMouse", grabMouse, view);
     library.bind(view, "closeHost", closeHost, view);
     library.init(view, "window.initRan = document.readyState");

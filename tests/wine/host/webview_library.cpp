@@ -25,6 +25,7 @@ bool loadWebviewLibrary(WebviewLibrary& library) {
            find(module, "webview_init", library.init) &&
            find(module, "webview_eval", library.eval) &&
            find(module, "webview_bind", library.bind) &&
+           find(module, "webview_unbind", library.unbind) &&
            find(module, "webview_return", library.resolve) &&
            find(module, "webview_get_native_handle", library.nativeHandle);
 }

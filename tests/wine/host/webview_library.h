@@ -23,6 +23,7 @@ struct WebviewLibrary {
     int (*bind)(Webview, const char* name,
                 void (*function)(const char* id, const char* arguments, void* context),
                 void* context);
+    int (*unbind)(Webview, const char* name);
     int (*resolve)(Webview, const char* id, int status, const char* json);
     // Kind 0 the window, 1 the widget, 2 the browser's controller.
     void* (*nativeHandle)(Webview, int kind);

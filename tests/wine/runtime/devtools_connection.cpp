@@ -77,6 +77,10 @@ void DevToolsConnection::later(std::function<void()> work) {
     queue_.post(std::move(work));
 }
 
+void DevToolsConnection::after(unsigned milliseconds, std::function<void()> work) {
+    queue_.postAfter(milliseconds, std::move(work));
+}
+
 void DevToolsConnection::close() {
     closed_ = true;
     replies_.clear();

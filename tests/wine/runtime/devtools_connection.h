@@ -41,6 +41,8 @@ class DevToolsConnection : public std::enable_shared_from_this<DevToolsConnectio
     void send(const std::string& method, Json parameters = Json::object(), Reply reply = {});
     // Runs the work from the message loop, whatever becomes of the connection.
     void later(std::function<void()> work);
+    // The same after a delay.
+    void after(unsigned milliseconds, std::function<void()> work);
     // No handler and no reply is called any more.
     void close();
 

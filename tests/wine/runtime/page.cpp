@@ -9,6 +9,9 @@ namespace ravelin::browser {
 
 void Page::attach(TextDone ready) {
     auto self = shared_from_this();
+    scripts_->onSettled = [page = weak_from_this()] {
+        if (const auto alive = page.lock()) alive->workOff();
+    };
     connection_->send(
         "Target.getTargets", Json::object(), [self, ready](const Json& result, auto&) {
             std::string target;
@@ -48,7 +51,7 @@ void Page::prepare(TextDone ready, const std::string& target) {
 }
 
 bool Page::isBusy() const {
-    return navigating_ || removalsToCome_ > 0;
+    return navigating_ || !scripts_->isSettled();
 }
 
 void Page::whenIdle(Done work) {
@@ -75,6 +78,7 @@ void Page::begin(Navigation navigation) {
     navigating_ = true;
     awaited_.clear();
     current_ = std::move(navigation);
+    scripts_->sendWaiting();
     connection_->send("Page.navigate", {{"url", current_.address}},
                       [self = shared_from_this()](const Json& result, const std::string& error) {
                           const std::string problem = result.value("errorText", error);
@@ -142,40 +146,14 @@ void Page::takeNote(const std::string& note) {
 }
 
 void Page::addScript(const std::string& source, TextDone added) {
-    const std::string id = std::to_string(++lastScript_);
-    scripts_[id] = {};
-    connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", source}},
-                      [self = shared_from_this(), id](const Json& result, auto&) {
-                          self->scriptAdded(id, result.value("identifier", ""));
-                      });
+    const std::string id = scripts_->add(source);
     // Hosts wait for this many times while they start. What they ask for next is done after it
     // anyhow, so they need not wait for the browser's answer.
     if (added) connection_->later([added, id] { added(id); });
 }
 
-void Page::scriptAdded(const std::string& id, const std::string& browserId) {
-    const bool isUnwanted = scripts_[id].isUnwanted;
-    scripts_[id] = {browserId, false};
-    if (browserId.empty()) scripts_.erase(id);
-    if (!isUnwanted) return;
-    --removalsToCome_;
-    removeScript(id);
-    workOff();
-}
-
 void Page::removeScript(const std::string& id) {
-    const auto found = scripts_.find(id);
-    if (found == scripts_.end()) return;
-    Script& script = found->second;
-    if (script.browserId.empty()) {
-        // A document that is opened before the browser has named the script must not run it.
-        if (!script.isUnwanted) ++removalsToCome_;
-        script.isUnwanted = true;
-        return;
-    }
-    connection_->send("Page.removeScriptToEvaluateOnNewDocument",
-                      {{"identifier", script.browserId}});
-    scripts_.erase(found);
+    scripts_->remove(id);
 }
 
 void Page::execute(const std::string& script, TextDone done) {

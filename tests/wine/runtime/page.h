@@ -6,11 +6,11 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 
 #include "devtools_connection.h"
+#include "document_scripts.h"
 
 namespace ravelin::browser {
 
@@ -27,7 +27,8 @@ class Page : public std::enable_shared_from_this<Page> {
     using TextDone = std::function<void(const std::string&)>;
 
     explicit Page(std::shared_ptr<DevToolsConnection> connection)
-        : connection_(std::move(connection)) {}
+        : connection_(std::move(connection)),
+          scripts_(std::make_shared<DocumentScripts>(connection_)) {}
 
     // Attaches to the browser's one page and prepares it; `ready` gets the page's target id, or
     // the empty text when that failed.
@@ -74,19 +75,15 @@ class Page : public std::enable_shared_from_this<Page> {
     void begin(Navigation navigation);
     void loaded(const std::string& loader);
     void finish(bool success);
-    struct Script {
-        std::string browserId;  // empty until the browser has answered
-        bool isUnwanted = false;
-    };
     bool isBusy() const;
     void whenIdle(Done work);
     void workOff();
-    void scriptAdded(const std::string& id, const std::string& browserId);
     void installWatcher();
     void tellFocus();
     void takeNote(const std::string& note);
 
     std::shared_ptr<DevToolsConnection> connection_;
+    std::shared_ptr<DocumentScripts> scripts_;
     std::string frame_;
     std::string address_ = "about:blank";
     Navigation current_;
@@ -96,10 +93,6 @@ class Page : public std::enable_shared_from_this<Page> {
     // The document that the navigation waits for, and the one that was loaded last.
     std::string awaited_;
     std::string loaded_;
-    std::map<std::string, Script> scripts_;
-    int lastScript_ = 0;
-    // Unwanted scripts that the browser has yet to name.
-    int removalsToCome_ = 0;
     // The host's requests that came while the page was busy, in order.
     std::deque<Done> waiting_;
 };
