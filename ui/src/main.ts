@@ -9,8 +9,18 @@ import { installCallbacks } from "./frame/callbacks";
 
 const app = new App(window);
 installCallbacks(window, app);
-// The program looks its answers up while the page is put together; they are taken afterwards.
 void app.start();
-mount(Page, { target: document.getElementById("app")!, props: { app } });
-// A script of the program may follow this one at once and look for the panels.
-flushSync();
+
+function putTogether() {
+  mount(Page, { target: document.getElementById("app")!, props: { app } });
+  flushSync();
+}
+
+if (app.isChild) {
+  // A script of the program follows this one at once and looks for the panels.
+  putTogether();
+} else {
+  // The questions leave the page when this script has ended, so that the program looks its answers
+  // up while the page is put together.
+  setTimeout(putTogether);
+}

@@ -1,4 +1,5 @@
 import type { Attachment } from "svelte/attachments";
+import { outerHeight } from "./observed_height";
 
 // Two columns are a grid of thin rows; each panel spans as many of them as it is high, so that the
 // panels of a column follow each other without gaps.
@@ -7,7 +8,7 @@ export const thinRow = 4;
 export function panelHeights(): Attachment<HTMLElement> {
   return (dashboard) => {
     const sizes = new ResizeObserver((entries) => {
-      for (const { target } of entries) setSpan(target as HTMLElement);
+      for (const entry of entries) setSpan(entry.target as HTMLElement, outerHeight(entry));
     });
     const watch = () => {
       for (const panel of dashboard.children) sizes.observe(panel);
@@ -22,7 +23,6 @@ export function panelHeights(): Attachment<HTMLElement> {
   };
 }
 
-function setSpan(panel: HTMLElement): void {
-  const height = panel.getBoundingClientRect().height;
+function setSpan(panel: HTMLElement, height: number): void {
   panel.style.setProperty("--rows", String(Math.ceil(height / thinRow)));
 }
