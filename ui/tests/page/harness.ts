@@ -18,7 +18,7 @@ export interface ViewOptions extends ProgramOptions {
 }
 
 export function launch(): Promise<Browser> {
-  const executablePath = process.env["CHROMIUM"] ?? "/usr/bin/chromium";
+  const executablePath = process.env["CHROMIUM"] ?? "/usr/bin/chromium-headless-shell";
   return chromium.launch({ executablePath, args: ["--no-sandbox", "--disable-gpu"] });
 }
 
