@@ -11,16 +11,6 @@ function(ravelin_test_program name)
     endif()
 endfunction()
 
-# Most of the time of a run from nothing goes into compiling tests: what most of them begin with is
-# compiled once, and nothing is optimised.
-function(compile_fast name)
-    if(TARGET ${name})
-        target_precompile_headers(${name} PRIVATE
-            <gmock/gmock.h> <filesystem> <fstream> <functional> <mutex> <sstream> <thread>)
-        target_compile_options(${name} PRIVATE -O0 $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
-    endif()
-endfunction()
-
 # The simulated desktop in place of the machine, and what else several test programs share.
 file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
 
@@ -39,6 +29,7 @@ endif()
 
 set(INSTALL_GTEST OFF)
 add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+plain_code(gtest gmock gmock_main)
 
 # Unit tests: the portable half on a simulated desktop with a clock that tests turn by hand.
 file(GLOB unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/unit/*/*.cpp)
@@ -59,7 +50,7 @@ if(WIN32)
     ravelin_test_program(ravelin_windows_tests
         SOURCES ${windows_test_sources} tests/support/engine_defaults.cpp
         LIBRARIES ravelin_windows ravelin_core ravelin_windows ravelin_resources GTest::gmock)
-    compile_fast(ravelin_windows_tests)
+    compile_fast(ravelin_windows_tests <windows.h>)
     file(GLOB windows_benches CONFIGURE_DEPENDS tests/bench/windows/*_main.cpp)
     foreach(source ${windows_benches})
         get_filename_component(name ${source} NAME_WE)

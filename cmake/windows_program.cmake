@@ -5,6 +5,8 @@ add_library(ravelin_windows STATIC ${windows_sources})
 target_link_libraries(ravelin_windows PUBLIC ravelin_core
     wtsapi32 winmm ole32 shell32 user32 gdi32 advapi32 bcrypt winhttp
     crypt32 version shlwapi)
+use_precompiled_header(ravelin_windows
+    <windows.h> <algorithm> <array> <functional> <memory> <mutex> <optional> <string> <vector>)
 
 # Icons, version information and manifest, in the program and in its Windows tests.
 enable_language(RC)
