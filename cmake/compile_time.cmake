@@ -9,15 +9,7 @@ function(use_precompiled_header name)
         "$<$<COMPILE_LANG_AND_ID:CXX,Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 endfunction()
 
-# A test program: nothing is optimised, and undefined behaviour is looked for in what is tested.
-function(compile_fast name)
-    if(TARGET ${name})
-        use_precompiled_header(${name}
-            <gmock/gmock.h> <filesystem> <fstream> <functional> <mutex> <sstream> <thread> ${ARGN})
-        plain_code(${name})
-    endif()
-endfunction()
-
+# What only runs tests: nothing is optimised, and undefined behaviour is looked for in what is tested.
 function(plain_code)
     foreach(name ${ARGN})
         target_compile_options(${name} PRIVATE -O0)
@@ -25,4 +17,13 @@ function(plain_code)
             target_compile_options(${name} PRIVATE -fno-sanitize=undefined)
         endif()
     endforeach()
+endfunction()
+
+# A test program, with further headers that most of its files begin with.
+function(compile_fast name)
+    if(TARGET ${name})
+        use_precompiled_header(${name}
+            <gmock/gmock.h> <filesystem> <fstream> <functional> <mutex> <sstream> <thread> ${ARGN})
+        plain_code(${name})
+    endif()
 endfunction()
