@@ -23,8 +23,8 @@ if ! command -v "$chromium" >/dev/null; then
     echo "missing $chromium: install it, or name another with RAVELIN_TEST_CHROMIUM" >&3
     exit 1
 fi
-if ! profile=$(mktemp -d "${TMPDIR:-/tmp}/embedded-browser-XXXXXXXX"); then
-    echo "missing a writable folder for the browser's profile" >&3
+if ! profile=$(mktemp -d "${TMPDIR:-/tmp}/embedded-browser-XXXXXXXX" 2>&1); then
+    echo "missing a writable folder for the browser's profile: $profile" >&3
     exit 1
 fi
 echo "profile $profile" >&3

@@ -1,6 +1,7 @@
 #include "embedded_browser.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,13 @@ constexpr int frameAttempts = 10;
 
 // Hosts try again and again to make a view; what failed once would only fail as slowly again.
 HRESULT earlierFailure = S_OK;
+
+void noteFailure(HRESULT reason) {
+    char code[16];
+    std::snprintf(code, sizeof code, "0x%08lX", static_cast<unsigned long>(reason));
+    logLine(std::string("no view: ") + code);
+    if (reason != E_ABORT) earlierFailure = reason;
+}
 
 constexpr double zoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.8, 0.9, 1.0,
                                 1.1,  1.25, 1.5, 1.75, 2.0,  2.5, 3.0, 4.0};
@@ -56,9 +64,10 @@ void EmbeddedBrowser::create(HWND parent, Created created) {
         }
         queue.post([&queue, parent, created, result, process, connection] {
             if (FAILED(result)) {
-                earlierFailure = result;
+                noteFailure(result);
                 created(result, nullptr);
             } else if (IsWindow(parent) == 0) {
+                noteFailure(E_ABORT);
                 created(E_ABORT, nullptr);
             } else {
                 std::make_shared<EmbeddedBrowser>(queue, parent)
@@ -110,7 +119,7 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
 
 void EmbeddedBrowser::giveUp(HRESULT reason) {
     if (!created_) return;
-    if (reason != E_ABORT) earlierFailure = reason;
+    noteFailure(reason);
     // Later, because the host may take anything down that is at work here.
     queue_.post([created = std::exchange(created_, {}), reason] { created(reason, nullptr); });
 }

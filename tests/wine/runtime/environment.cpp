@@ -1,8 +1,6 @@
 // The environment object and the one function that the host's loader asks this DLL for.
 #include <windows.h>
 
-#include <cstdio>
-
 #include "com_interfaces.h"
 #include "com_object.h"
 #include "controller.h"
@@ -21,9 +19,6 @@ class Environment final : public ComObject<ICoreWebView2Environment, iidEnvironm
             parent, [kept = ComPtr<ControllerCompletedHandler>(handler)](
                         HRESULT result, const std::shared_ptr<EmbeddedBrowser>& browser) {
                 if (FAILED(result)) {
-                    char code[16];
-                    std::snprintf(code, sizeof code, "0x%08lX", static_cast<unsigned long>(result));
-                    logLine(std::string("no view: ") + code);
                     kept->Invoke(result, nullptr);
                     return;
                 }
@@ -55,6 +50,7 @@ extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE
     using namespace ravelin::browser;
     pinModule();
     openLog(userDataFolder == nullptr ? L"" : userDataFolder);
+    logLine("a view is asked for");
     if (handler == nullptr) return E_POINTER;
     ComPtr<EnvironmentCompletedHandler> completed;
     const HRESULT result = handler->QueryInterface(
