@@ -16,8 +16,9 @@ must 'install' scripts/install.sh
 must 'page' build_page
 must 'host benchmarks' build_preset host ravelin_bench
 must 'windows program' build_windows
-[ -n "${DISPLAY:-}" ] || { start_display; trap 'end_prefix; end_display' EXIT; }
-must 'wine prefix' ensure_prefix
+start_display
+trap 'end_prefix; end_display' EXIT
+must 'wine prefix' start_prefix
 
 {
     echo

@@ -11,6 +11,7 @@ must 'page' build_page
 must 'windows program' build_windows
 if [ -n "${DISPLAY:-}" ]; then
     must 'wine prefix' ensure_prefix
+    release_desktop
     echo
     echo 'Ravelin is on your display. Close its window to come back here.'
     cd "$BUILD/windows"
@@ -18,6 +19,6 @@ if [ -n "${DISPLAY:-}" ]; then
 fi
 start_display
 trap 'end_prefix; end_display' EXIT
-must 'wine prefix' ensure_prefix
+must 'wine prefix' start_prefix
 echo
 node tests/e2e/tour.mjs

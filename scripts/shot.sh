@@ -10,5 +10,5 @@ must 'page' build_page
 must 'windows program' build_windows
 start_display
 trap 'end_prefix; end_display' EXIT
-must 'wine prefix' ensure_prefix
+must 'wine prefix' start_prefix
 node tests/e2e/shots.mjs

@@ -11,20 +11,65 @@ failed_steps=()
 
 # run_step NAME COMMAND...: runs the command with its output in build/logs/NAME.log.
 run_step() {
-    local name="$1" log="$LOGS/${1// /-}.log" began=$SECONDS status=0
+    local name="$1" log began=$SECONDS status=0
+    log=$(log_of "$1")
     shift
     printf '%-34s' "$name"
     "$@" >"$log" 2>&1 </dev/null || status=$?
+    report_step "$name" "$status" $((SECONDS - began))
+}
+
+log_of() { printf '%s' "$LOGS/${1// /-}.log"; }
+
+# report_step NAME STATUS SECONDS: the rest of the step's line; gives the status back.
+report_step() {
+    local name="$1" status="$2" seconds="$3" log
+    log=$(log_of "$1")
     if [ "$status" -eq 0 ]; then
         passed_steps+=("$name")
-        printf 'ok      %4d s%s\n' $((SECONDS - began)) "$(test_counts "$log")"
+        printf 'ok      %4d s%s\n' "$seconds" "$(test_counts "$log")"
     else
         failed_steps+=("$name")
-        printf 'FAILED  %4d s (exit code %d)\n' $((SECONDS - began)) "$status"
+        printf 'FAILED  %4d s (exit code %d)\n' "$seconds" "$status"
         tail -n 40 "$log" | sed 's/^/    | /'
         printf '    the whole log: %s\n' "${log#"$ROOT/"}"
     fi
     return "$status"
+}
+
+# begin_step NAME COMMAND...: starts the command beside the steps that follow, until end_step gives
+# its line. One at a time; the command is a program, so that drop_step can end it.
+begin_step() {
+    local log
+    beside_name="$1"
+    log=$(log_of "$1")
+    shift
+    (
+        began=$SECONDS status=0
+        "$@" >"$log" 2>&1 </dev/null &
+        trap "kill $!" TERM
+        wait $! || status=$?
+        echo "$status $((SECONDS - began))" >"$log.end"
+    ) &
+    beside=$!
+}
+
+end_step() {
+    local status seconds log
+    log=$(log_of "$beside_name")
+    wait "$beside" || true
+    beside=
+    read -r status seconds <"$log.end"
+    rm -f "$log.end"
+    printf '%-34s' "$beside_name"
+    report_step "$beside_name" "$status" "$seconds"
+}
+
+# Ends what still runs beside, without a line.
+drop_step() {
+    [ -n "${beside:-}" ] || return 0
+    kill "$beside" 2>/dev/null || true
+    wait "$beside" || true
 }
 
 # What a test program said of itself, for the step's line.

@@ -7,17 +7,19 @@ source scripts/build_steps.sh
 source scripts/wine_env.sh
 words=("$@")
 
-# step NAME COMMAND...: the step, unless words were given and none fits.
-step() {
+# wanted NAME: no words were given, or one fits.
+wanted() {
     local word
-    if [ "${#words[@]}" -gt 0 ]; then
-        for word in "${words[@]}"; do
-            [[ "$1" == *"$word"* ]] && { run_step "$@" || true; return; }
-        done
-        return 0
-    fi
-    run_step "$@" || true
+    [ "${#words[@]}" -gt 0 ] || return 0
+    for word in "${words[@]}"; do
+        [[ "$1" == *"$word"* ]] && return 0
+    done
+    return 1
 }
+
+step() { ! wanted "$1" || run_step "$@" || true; }
+beside() { ! wanted "$1" || begin_step "$@"; }
+join() { [ -z "${beside:-}" ] || end_step || true; }
 
 page_unit_tests() { (cd ui && npm test); }
 page_browser_tests() { (cd ui && npm run test:page); }
@@ -25,11 +27,8 @@ unit_tests_asan() { build_preset asan ravelin_unit_tests && "$BUILD/asan/ravelin
 thread_tests_tsan() { build_preset tsan ravelin_thread_tests && "$BUILD/tsan/ravelin_thread_tests" --gtest_brief=1; }
 host_programs() { build_preset host; }
 unit_tests_wine() { timeout -k 10 600 wine "$BUILD/windows-objects/ravelin_unit_tests.exe" --gtest_brief=1; }
-windows_tests() {
-    # The end-to-end tests leave every program on one desktop; these tests bring their own.
-    wine reg delete 'HKCU\Software\Wine\Explorer' /f >/dev/null 2>&1 || true
-    tests/windows/run_tests.sh
-}
+# These tests bring a desktop of their own, on a display of their own.
+windows_tests() { env -u DISPLAY tests/windows/run_tests.sh; }
 browser_tests() { timeout -k 10 600 tests/wine/run_tests.sh; }
 # Each file with a limit of its own, so that a program that hangs names itself and ends nothing else.
 end_to_end_tests() {
@@ -43,9 +42,9 @@ end_to_end_tests() {
 
 rm -rf "$BUILD/screenshots/failures"
 must 'install' scripts/install.sh
-# One display and one Wine server for the whole run.
+# One display and one desktop for the whole run.
 start_display
-trap 'end_prefix; end_display' EXIT
+trap 'drop_step; end_prefix; end_display' EXIT
 step 'page' build_page
 step 'page unit tests' page_unit_tests
 step 'page browser tests' page_browser_tests
@@ -53,11 +52,18 @@ step 'unit tests (asan, ubsan)' unit_tests_asan
 step 'thread tests (tsan)' thread_tests_tsan
 step 'host programs' host_programs
 step 'windows program' build_windows
-step 'wine prefix' ensure_prefix
+for name in 'wine prefix' 'browser tests' 'unit tests (wine)' 'windows tests' 'end-to-end tests'; do
+    if wanted "$name"; then
+        run_step 'wine prefix' start_prefix || true
+        break
+    fi
+done
+# Mostly waiting, as are those after it, and with a prefix and a display of its own.
+beside 'update tests' timeout -k 10 900 tests/update/run_tests.sh
 step 'browser tests' browser_tests
 step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
+join
 step 'end-to-end tests' end_to_end_tests
-step 'update tests' timeout -k 10 900 tests/update/run_tests.sh
 step 'format' scripts/lint.sh --steps check_format
 summary

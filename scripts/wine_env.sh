@@ -11,7 +11,14 @@ ensure_prefix() {
     tests/wine/install_runtime.sh "$WINEPREFIX" "$BUILD/windows-objects"
 }
 
+# start_prefix: the same, with a desktop on DISPLAY that stays until end_prefix.
+start_prefix() {
+    ensure_prefix
+    hold_desktop "$BUILD/windows-objects" "$LOGS/desktop-${WINEPREFIX##*/}.log"
+}
+
 # start_display: a virtual display for this script and what it starts, until end_display.
+display_server=
 start_display() {
     local pipe number
     pipe=$(mktemp -u)
@@ -29,6 +36,7 @@ end_display() {
 }
 
 end_prefix() {
+    [ -z "${RAVELIN_HELD_DESKTOP:-}" ] || release_desktop
     wineserver -k 2>/dev/null || true
     wineserver -w 2>/dev/null || true
 }

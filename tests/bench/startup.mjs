@@ -2,7 +2,7 @@
 // calls one bound function, in turns in the same run.
 import { copyFileSync, mkdirSync, rmSync } from 'node:fs';
 import path from 'node:path';
-import { clearDataFolder, dataFolder, programFolder, scratch, start, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within } from '../e2e/lib/wine.mjs';
+import { clearDataFolder, dataFolder, programFolder, scratch, start, textOf, toolFolder, until, windowsPath, within } from '../e2e/lib/wine.mjs';
 import { windowTool } from '../e2e/lib/windows.mjs';
 import { windowTitle } from '../e2e/lib/ravelin.mjs';
 
@@ -35,7 +35,6 @@ async function timeToBareCall() {
     return time;
 }
 
-useVirtualDesktop();
 clearDataFolder();
 await timeToBareCall(); // warms the caches for both
 const ours = [];

@@ -3,14 +3,13 @@ import assert from 'node:assert/strict';
 import test, { after, before, beforeEach } from 'node:test';
 import { Ravelin } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+import { screenshot, until, xdotool } from './lib/wine.mjs';
 
 let ravelin;
 let page;
 let witness;
 
 before(async () => {
-    useVirtualDesktop();
     ravelin = await Ravelin.open();
     page = await ravelin.page();
     witness = await Witness.open();

@@ -2,15 +2,13 @@
 import assert from 'node:assert/strict';
 import { cpSync, existsSync, rmSync } from 'node:fs';
 import path from 'node:path';
-import test, { afterEach, before } from 'node:test';
+import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
-import { runToEnd, programFolder, scratch, screenshot, start, useVirtualDesktop, windowsPath, within } from './lib/wine.mjs';
+import { runToEnd, programFolder, scratch, screenshot, start, windowsPath, within } from './lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from './lib/windows.mjs';
 
 const elsewhere = path.join(scratch, 'program');
 let ravelin;
-
-before(useVirtualDesktop);
 
 afterEach(async () => {
     if (ravelin) await ravelin.close();

@@ -2,10 +2,10 @@
 import assert from 'node:assert/strict';
 import { cpSync, rmSync } from 'node:fs';
 import path from 'node:path';
-import test, { after, afterEach, before } from 'node:test';
+import test, { after, afterEach } from 'node:test';
 import { clicker, detachByButton, ending, panelPage, untilGone } from './lib/panels.mjs';
 import { Ravelin } from './lib/ravelin.mjs';
-import { programFolder, runToEnd, scratch, screenshot, start, toolFolder, until, useVirtualDesktop, windowsPath, within, xdotool } from './lib/wine.mjs';
+import { programFolder, runToEnd, scratch, screenshot, start, toolFolder, until, windowsPath, within, xdotool } from './lib/wine.mjs';
 import { untilWindow } from './lib/windows.mjs';
 
 const pipeTool = windowsPath(path.join(toolFolder, 'pipe_tool.exe'));
@@ -14,8 +14,6 @@ const byHand = ['--child', 'Panel|panel-spammer|500|300'];
 const panel = { ...clicker, window: 'Ravelin - Panel' };
 let ravelin;
 let run;
-
-before(useVirtualDesktop);
 
 afterEach(async () => {
     run?.process.kill('SIGKILL');

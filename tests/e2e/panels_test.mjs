@@ -4,7 +4,7 @@ import test, { after, afterEach, before } from 'node:test';
 import { clicker, detachByButton, ending, grab, hidden, keySpammer, macro, panelPage, shown, titlePlace, untilGone } from './lib/panels.mjs';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { runToEnd, screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+import { runToEnd, screenshot, until, xdotool } from './lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from './lib/windows.mjs';
 
 let ravelin;
@@ -12,7 +12,6 @@ let page;
 let witness;
 
 before(async () => {
-    useVirtualDesktop();
     ravelin = await Ravelin.open();
     page = await ravelin.page();
     await untilWindow(windowTitle);

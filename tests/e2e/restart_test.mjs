@@ -2,17 +2,15 @@
 import assert from 'node:assert/strict';
 import { cpSync, existsSync, mkdirSync, readFileSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
-import test, { afterEach, before } from 'node:test';
+import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { clearDataFolder, dataFolder, programFolder, runToEnd, scratch, start, textOf, until, useVirtualDesktop, windowsPath, within, xdotool } from './lib/wine.mjs';
+import { clearDataFolder, dataFolder, programFolder, runToEnd, scratch, start, textOf, until, windowsPath, within, xdotool } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 const session = () => path.join(dataFolder(), 'session.dat');
 let ravelin;
 let witness;
-
-before(useVirtualDesktop);
 
 afterEach(async () => {
     await witness?.close();

@@ -1,7 +1,7 @@
 // Pictures of the real window in the states that a user sees.
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { screenshot, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+import { screenshot, xdotool } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 const settle = () => new Promise((resolve) => setTimeout(resolve, 600));
@@ -11,7 +11,6 @@ async function shot(name) {
     console.log(await screenshot(name));
 }
 
-useVirtualDesktop();
 const ravelin = await Ravelin.open();
 const page = await ravelin.page();
 await untilWindow(windowTitle);

@@ -1,14 +1,13 @@
 // A guided tour of the real program with real input: what `./dev run` shows without a display.
 import { Ravelin } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { screenshot, until, useVirtualDesktop, xdotool } from './lib/wine.mjs';
+import { screenshot, until, xdotool } from './lib/wine.mjs';
 
 const say = (text) => console.log(text);
 const pause = (milliseconds) => new Promise((resolve) => setTimeout(resolve, milliseconds));
 const intervalMs = 20;
 const seconds = 3;
 
-useVirtualDesktop();
 say('Starting Ravelin.exe on a virtual desktop ...');
 const ravelin = await Ravelin.open();
 const page = await ravelin.page();

@@ -2,14 +2,12 @@
 import assert from 'node:assert/strict';
 import { mkdirSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
-import test, { afterEach, before } from 'node:test';
+import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
-import { clearDataFolder, dataFolder, useVirtualDesktop } from './lib/wine.mjs';
+import { clearDataFolder, dataFolder } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 let ravelin;
-
-before(useVirtualDesktop);
 
 afterEach(async () => {
     try {

@@ -4,7 +4,7 @@ import { readFileSync, renameSync, rmSync, statSync, writeFileSync } from 'node:
 import path from 'node:path';
 import test, { after, afterEach, before, beforeEach } from 'node:test';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
-import { dataFolder, prefix, runToEnd, screenshot, start, toolFolder, until, useVirtualDesktop, windowsPath, within, xdotool } from '../e2e/lib/wine.mjs';
+import { dataFolder, prefix, runToEnd, screenshot, start, toolFolder, until, windowsPath, within, xdotool } from '../e2e/lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from '../e2e/lib/windows.mjs';
 import { Probe } from './lib/probe.mjs';
 import { filesIn, nextSetup, registryValue, runSetup, scopes, silently, thisSetup, uninstall, uninstallAll } from './lib/setup.mjs';
@@ -17,7 +17,6 @@ const quietly = silently.filter((word) => word !== '/CLOSEAPPLICATIONS');
 let setup, next, probe;
 
 before(async () => {
-    useVirtualDesktop();
     setup = thisSetup();
     next = nextSetup();
     probe = await Probe.open();

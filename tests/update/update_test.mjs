@@ -6,7 +6,7 @@ import path from 'node:path';
 import test, { after, afterEach, before, beforeEach } from 'node:test';
 import { signManifest } from '../../packaging/update_signing.mjs';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
-import { prefix, runToEnd, screenshot, scratch, textOf, toolFolder, until, useVirtualDesktop, windowsPath, within } from '../e2e/lib/wine.mjs';
+import { prefix, runToEnd, screenshot, scratch, textOf, toolFolder, until, windowsPath, within } from '../e2e/lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from '../e2e/lib/windows.mjs';
 import { makeAuthority, makeCertificate } from './lib/certificates.mjs';
 import { Probe } from './lib/probe.mjs';
@@ -26,7 +26,6 @@ const messages = {
 let server, probe, setup, next, ravelin;
 
 before(async () => {
-    useVirtualDesktop();
     setup = thisSetup();
     next = nextSetup();
     server = await Server.open(makeCertificate(authority, [webHost, apiHost]));
@@ -88,6 +87,17 @@ async function watchProgress(page) {
     });
 }
 
+/** Waits for the window of the program that was started in place of the one that `ravelin` started. */
+async function untilStarted(title) {
+    try {
+        await untilWindow(title, undefined, 'the new version\'s window', 60_000);
+    } catch (error) {
+        const installed = await registryValue('HKLM', setup.key, 'DisplayVersion');
+        error.message += `\nversion ${installed} is installed, and the browser's log says ${textOf(ravelin.log)}`;
+        throw error;
+    }
+}
+
 /** The page of the program that was started in place of the one that `ravelin` started. */
 async function newPage(oldPort) {
     await ravelin.detach();
@@ -122,7 +132,7 @@ test('the next version is found, downloaded in sight, and runs in place of the o
 
     assert.equal(await within(60_000, ravelin.run.exited, 'the old program to end'), 0);
     const nextTitle = windowTitle.replace(setup.version, next.version);
-    await untilWindow(nextTitle, undefined, 'the new version\'s window', 60_000);
+    await untilStarted(nextTitle);
     const renewed = await newPage(oldPort);
     await screenshot('update-done');
     assert.equal((await renewed.evaluate(() => window.getSettings())).sms, 77);

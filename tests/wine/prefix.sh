@@ -1,6 +1,9 @@
 # Source this file.
 #
-#   create_prefix PREFIX   makes a Wine prefix that says Windows 10; a moment when it is there
+#   create_prefix PREFIX      makes a Wine prefix that says Windows 10; a moment when it is there
+#   hold_desktop TOOLS LOG    gives the prefix of WINEPREFIX one desktop on DISPLAY that stays until
+#                             its server ends; TOOLS is the build folder of the Windows preset
+#   release_desktop           programs stand on DISPLAY by themselves again
 
 create_prefix() {
     local prefix=$1
@@ -20,4 +23,37 @@ create_prefix() {
         return 1
     }
     touch "$made"
+}
+
+desktop_key='HKCU\Software\Wine\Explorer'
+
+# Every program started from here on shares the desktop, so that focus and hooks work across them. A
+# program that stays on it keeps it: Wine ends a desktop a second after its last program, and what
+# is started in that moment finds neither the old one nor a new one and fails in odd ways.
+hold_desktop() {
+    local tools=$1 log=$2 attempt holder deadline
+    wine reg add "$desktop_key" /v Desktop /d ravelin /f >"$log" 2>&1
+    wine reg add "$desktop_key\Desktops" /v ravelin /d 1280x1000 /f >>"$log" 2>&1
+    for attempt in 1 2 3 4 5; do
+        wine "$tools/window_tool.exe" stay >>"$log" 2>&1 </dev/null &
+        holder=$!
+        disown
+        deadline=$((SECONDS + 60))
+        while kill -0 "$holder" 2>/dev/null && [ $SECONDS -lt $deadline ]; do
+            if tail -n 1 "$log" | grep -q ready; then
+                export RAVELIN_HELD_DESKTOP=$DISPLAY
+                return 0
+            fi
+            sleep 0.05
+        done
+        kill -KILL "$holder" 2>/dev/null || true
+        echo "attempt $attempt to hold a desktop failed" | tee -a "$log" >&2
+        # Until what there is of a desktop has gone as well.
+        sleep 2
+    done
+    return 1
+}
+
+release_desktop() {
+    wine reg delete "$desktop_key" /f >/dev/null 2>&1 || true
 }

@@ -1,6 +1,5 @@
 // The tests of the stand-in WebView2 runtime: real windows, real input, a real browser.
 //   node run_tests.mjs [WORD]     only the tests whose names contain the word
-import { useVirtualDesktop } from '../e2e/lib/wine.mjs';
 import { runTests } from './lib/harness.mjs';
 
 import './cases/page_cases.mjs';
@@ -9,5 +8,4 @@ import './cases/keyboard_cases.mjs';
 import './cases/process_cases.mjs';
 import './cases/ending_cases.mjs';
 
-useVirtualDesktop();
 process.exit((await runTests(process.argv[2])) > 0 ? 1 : 0);

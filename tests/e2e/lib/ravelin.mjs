@@ -19,9 +19,25 @@ export class Ravelin {
         rmSync(ravelin.ports, { recursive: true, force: true });
         mkdirSync(ravelin.ports, { recursive: true });
         rmSync(path.join(dataFolder(), 'status.txt'), { force: true });
-        ravelin.run = start(program, args, { env: { RAVELIN_TEST_DEVTOOLS_DIR: ravelin.ports, ...env } });
-        await until(() => ravelin.status(), 'the first status poll', 60_000);
+        ravelin.log = path.join(ravelin.ports, 'browser.log');
+        ravelin.run = start(program, args, { env: { RAVELIN_TEST_DEVTOOLS_DIR: ravelin.ports, RAVELIN_TEST_BROWSER_LOG: ravelin.log, ...env } });
+        await ravelin.firstPoll();
         return ravelin;
+    }
+
+    async firstPoll() {
+        const poll = () => {
+            const ended = this.run.ended; // before what it leaves is read
+            const status = this.status();
+            if (!status && ended) throw new Error('waited for the first status poll');
+            return status;
+        };
+        try {
+            await until(poll, 'the first status poll', 60_000);
+        } catch (error) {
+            error.message += `\n${this.run.story()}\nand the browser's log says ${textOf(this.log) || 'nothing'}`;
+            throw error;
+        }
     }
 
     /** The status as the page saw it last, or null before the first poll. */

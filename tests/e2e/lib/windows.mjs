@@ -6,8 +6,15 @@ const tool = windowsPath(path.join(toolFolder, 'window_tool.exe'));
 
 /** Runs a command of the window tool; gives what it printed, or null when there is no such window. */
 export async function windowTool(...args) {
-    const { code, output } = await runToEnd(tool, args.map(String));
-    return code === 0 ? output.replaceAll('\r\n', '\n').trim() : null;
+    for (let attempt = 1; ; attempt++) {
+        const { code, output } = await runToEnd(tool, args.map(String));
+        if (code === 0) return output.replaceAll('\r\n', '\n').trim();
+        if (code === 3) return null;
+        // Wine may have failed to start it; then it has done nothing yet.
+        const failure = `window_tool.exe ${args.join(' ')} ended with ${code} and printed ${output.trim() || 'nothing'}`;
+        if (attempt === 3) throw new Error(failure);
+        console.error(failure);
+    }
 }
 
 /** { left, top, width, height, minimized, maximized, foreground, topmost, ... } or null. */
@@ -17,8 +24,13 @@ export async function windowState(title) {
 }
 
 export async function untilWindow(title, holds = () => true, what = `the window "${title}"`, milliseconds = undefined) {
-    return await until(async () => {
-        const state = await windowState(title);
-        return state && holds(state) && state;
-    }, what, milliseconds);
+    try {
+        return await until(async () => {
+            const state = await windowState(title);
+            return state && holds(state) && state;
+        }, what, milliseconds);
+    } catch (error) {
+        error.message += `\nthere are the windows ${(await windowTool('list'))?.split('\n').join(', ') || 'none'}`;
+        throw error;
+    }
 }

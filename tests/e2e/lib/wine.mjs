@@ -1,5 +1,5 @@
 // Windows programs in the project's Wine prefix, all on one virtual desktop.
-import { execFile, execFileSync, spawn } from 'node:child_process';
+import { execFile, spawn } from 'node:child_process';
 import { closeSync, existsSync, mkdirSync, openSync, readFileSync, rmSync, statSync } from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
@@ -15,7 +15,6 @@ export const prefix = process.env.WINEPREFIX ?? path.join(build, 'wineprefix');
 export const scratch = path.join(build, 'e2e');
 mkdirSync(scratch, { recursive: true });
 
-const desktop = 'ravelin';
 /** What every Windows program is started with. */
 export const environment = {
     ...process.env,
@@ -34,24 +33,14 @@ export function dataFolder() {
     return path.join(prefix, 'drive_c/users', process.env.USER ?? 'root', 'AppData/Local/Ravelin');
 }
 
-/** Every program started from here on shares one desktop, so that focus and hooks work across them. */
-export function useVirtualDesktop() {
-    const set = (key, name, value, type = 'REG_SZ') =>
-        execFileSync('wine', ['reg', 'add', key, '/v', name, '/t', type, '/d', value, '/f'], { env: environment, stdio: 'ignore', timeout: 60_000 });
-    set('HKCU\\Software\\Wine\\Explorer', 'Desktop', desktop);
-    set('HKCU\\Software\\Wine\\Explorer\\Desktops', desktop, '1280x1000');
-    // A crash ends the process; nobody is there to close a dialog.
-    set('HKCU\\Software\\Wine\\WineDbg', 'ShowCrashDialog', '0', 'REG_DWORD');
-}
-
 let startedSoFar = 0;
 const running = new Set();
 // What a failed test left behind must not stand in the way of the next one.
 process.on('exit', () => running.forEach((child) => child.kill('SIGKILL')));
 
 /**
- * Starts a Windows program. The result has the process, the promise `exited` of its exit code and
- * the text it printed so far.
+ * Starts a Windows program. The result has the process, the promise `exited` of its exit code,
+ * whether it has ended, the text it printed so far, and both in words for a failure's message.
  *
  * Its output goes to a file: a pipe would also be held by what the program starts and by the
  * desktop's own processes, which outlive it, and would end with the last of them.
@@ -72,6 +61,13 @@ export function start(program, args = [], options = {}) {
         get output() {
             return readFileSync(log, 'utf8');
         },
+        get ended() {
+            return child.exitCode !== null || child.signalCode !== null;
+        },
+        story() {
+            const end = this.ended ? `ended with ${child.exitCode ?? child.signalCode}` : 'still runs';
+            return `${path.win32.basename(program)} ${end} and printed ${this.output.trim() || 'nothing'}`;
+        },
         exited: new Promise((resolve, reject) => {
             child.on('error', reject);
             child.on('exit', (code) => {
@@ -89,6 +85,7 @@ export async function runToEnd(program, args = [], options = {}) {
         const code = await within(options.timeout ?? 60_000, started.exited, `${program} to end`);
         return { code, output: started.output };
     } catch (error) {
+        error.message += `\n${started.story()}`;
         started.process.kill('SIGKILL');
         throw error;
     }

@@ -1,5 +1,6 @@
 // Looks at and acts on top-level windows from outside, for the end-to-end tests.
 //
+//   window_tool.exe stay                 prints "ready", then stays on the desktop, unseen
 //   window_tool.exe list                 one line a visible window: its title
 //   window_tool.exe state TITLE          one line of JSON about the window
 //   window_tool.exe text TITLE           the texts of its child windows, as in a message box
@@ -10,7 +11,8 @@
 //   window_tool.exe place TITLE X Y      puts it elsewhere without sizing it
 //   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
 //
-// A title matches from its beginning. Exit code 1 when there is no such window.
+// A title matches from its beginning. Exit code 3 when there is no such window: Wine itself ends
+// with 1 when it cannot start a program.
 #include <windows.h>
 // Wants windows.h first.
 #include <shellapi.h>
@@ -127,6 +129,18 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     return 0;
 }
 
+int stay() {
+    if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
+                        nullptr) == nullptr)
+        return 2;
+    std::puts("ready");
+    std::fflush(stdout);
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0)
+        DispatchMessageW(&message);
+    return 0;
+}
+
 }  // namespace
 
 int main() {
@@ -134,6 +148,7 @@ int main() {
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 2;
     const std::wstring_view command = arguments[1];
+    if (command == L"stay") return stay();
     if (command == L"list") {
         EnumWindows(list, 0);
         return 0;
@@ -141,5 +156,5 @@ int main() {
     if (count < 3) return 2;
     Search search{arguments[2], nullptr};
     EnumWindows(match, reinterpret_cast<LPARAM>(&search));
-    return search.found == nullptr ? 1 : act(command, search.found, count, arguments);
+    return search.found == nullptr ? 3 : act(command, search.found, count, arguments);
 }

@@ -51,8 +51,10 @@ export class BrowserHost {
     /** Waits for the next report that begins like this and fits, and forgets all before it. */
     async reported(kind, fits = () => true, milliseconds = 30_000) {
         const find = () => {
+            const ended = this.run.ended; // before all that it reported is read
             const all = this.reports();
             const found = all.findIndex((report, index) => index >= this.read && report[0] === kind && fits(...report.slice(1)));
+            if (found < 0 && ended) throw new Error(`waited for the page to report "${kind}"`);
             if (found < 0) return null;
             this.read = found + 1;
             return all[found];
@@ -60,8 +62,7 @@ export class BrowserHost {
         try {
             return await until(find, `the page to report "${kind}"`, milliseconds);
         } catch (error) {
-            const heard = this.reports().slice(this.read).map((report) => JSON.stringify(report));
-            error.message += `\nit reported ${heard.join(' ') || 'nothing'}\nand the log says ${this.logText()}`;
+            error.message += `\n${this.run.story()}\nand the runtime's log says ${this.logText() || 'nothing'}`;
             throw error;
         }
     }
