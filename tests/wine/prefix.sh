@@ -55,5 +55,5 @@ hold_desktop() {
 }
 
 release_desktop() {
-    wine reg delete "$desktop_key" /f >/dev/null 2>&1 || true
+    timeout 20 wine reg delete "$desktop_key" /f >/dev/null 2>&1 || true
 }
