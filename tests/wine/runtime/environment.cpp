@@ -50,7 +50,6 @@ extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE
     using namespace ravelin::browser;
     pinModule();
     openLog(userDataFolder == nullptr ? L"" : userDataFolder);
-    logLine("a view is asked for");
     if (handler == nullptr) return E_POINTER;
     ComPtr<EnvironmentCompletedHandler> completed;
     const HRESULT result = handler->QueryInterface(

@@ -55,11 +55,15 @@ void openLog(const std::wstring& userDataFolder) {
     const std::wstring path =
         chosen.empty() ? userDataFolder + L"\\browser.log" : fromUnixPath(chosen);
     Log& current = log();
-    const std::scoped_lock lock(current.mutex);
-    if (current.file != INVALID_HANDLE_VALUE) return;
-    current.file = openForAppending(path);
-    write(current.file, current.early);
-    current.early.clear();
+    {
+        const std::scoped_lock lock(current.mutex);
+        if (current.file != INVALID_HANDLE_VALUE) return;
+        current.file = openForAppending(path);
+        write(current.file, current.early);
+        current.early.clear();
+    }
+    // Once, though a host that gets no view may ask many times.
+    logLine("a view is asked for");
 }
 
 void logLine(std::string_view line) {
