@@ -32,12 +32,14 @@ void lowerAllEvents() {
 
 namespace ravelin::platform {
 
-void send(const MouseInput& /*input*/) {
+bool send(const MouseInput& /*input*/) {
     test::sentCounts.mouse.fetch_add(1);
+    return true;
 }
 
-void send(const KeyInput& /*input*/) {
+bool send(const KeyInput& /*input*/) {
     test::sentCounts.keys.fetch_add(1);
+    return true;
 }
 
 std::uint32_t scanCode(std::uint32_t vk) {
@@ -58,6 +60,10 @@ Size primaryScreen() {
 
 std::uint32_t doubleClickMs() {
     return 500;
+}
+
+std::uint32_t filterKeysPauseMs() {
+    return 0;
 }
 
 bool isOwnWindowAt(Point /*point*/) {
