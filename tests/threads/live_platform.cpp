@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <random>
 #include <thread>
 
 #include "input/platform.h"
@@ -17,6 +18,15 @@ using Clock = std::chrono::steady_clock;
 std::mutex mutex;
 std::condition_variable changed;
 std::array<bool, 5> signalled{};  // guarded by the mutex
+
+// The system takes input when it gets to it: sometimes tens of microseconds later, in which other
+// threads go on.
+void letTheSystemTakeItsTime() {
+    thread_local std::minstd_rand dice(std::random_device{}());
+    const auto end = Clock::now() + std::chrono::microseconds(dice() % 4 == 0 ? dice() % 60 : 0);
+    while (Clock::now() < end)
+        std::this_thread::yield();
+}
 
 bool& flagOf(platform::Event event) {
     return signalled[static_cast<std::size_t>(event)];
@@ -66,6 +76,7 @@ void lowerAllEvents() {
 namespace ravelin::platform {
 
 bool send(const MouseInput& input) {
+    test::letTheSystemTakeItsTime();
     test::heldInput.mouse(input.flags);
     if (input.flags == mouse_flag::leftUp) test::sentCounts.leftUps.fetch_add(1);
     if (input.flags == mouse_flag::rightUp) test::sentCounts.rightUps.fetch_add(1);
@@ -74,6 +85,7 @@ bool send(const MouseInput& input) {
 }
 
 bool send(const KeyInput& input) {
+    test::letTheSystemTakeItsTime();
     test::heldInput.key(input.scan, (input.flags & key_flag::up) == 0);
     test::sentCounts.keys.fetch_add(1);
     return true;
