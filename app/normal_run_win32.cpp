@@ -50,6 +50,7 @@ void loadSessionOrDefaults() {
     installCrashHandler(saveSessionFromCrash);
     if (!loadSession()) addDefaultProfile();
     ensureDefaultProfile();
+    sessionStands.exchange(true);
 }
 
 void prepareTiming() {
