@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "app/console_modes.h"
@@ -31,6 +33,24 @@ Printed runSelfTest(bool passes) {
         printed.text += static_cast<char>(c);
     std::fclose(out);
     return printed;
+}
+
+TEST(ConsoleSelfTest, RejectsWhatItCannotFinish) {
+    Switches switches;
+    switches.selfTestUpdate = "vectors";
+    const auto outcome = [&](const UpdateSelfTest& selfTest) {
+        std::FILE* out = std::tmpfile();
+        const int exitCode = runConsoleMode(switches, selfTest, out);
+        std::rewind(out);
+        std::string text(100, ' ');
+        text.resize(std::fread(text.data(), 1, text.size(), out));
+        std::fclose(out);
+        return std::to_string(exitCode) + ' ' + text;
+    };
+    EXPECT_EQ(outcome([](auto&, auto&) -> bool { throw std::bad_alloc(); }),
+              "1 REJECT out of memory\n");
+    EXPECT_EQ(outcome([](auto&, auto&) -> bool { throw std::runtime_error("broken"); }),
+              "1 REJECT broken\n");
 }
 
 TEST(ConsoleSelfTest, PrintsTheReportAndThatAllPassed) {
