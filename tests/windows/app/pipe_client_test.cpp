@@ -6,6 +6,7 @@
 #include <array>
 
 #include "app/pipe_message.h"
+#include "app/pipe_server.h"
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/foreign_program.h"
 #include "tests/windows/harness/pipe_servers.h"
