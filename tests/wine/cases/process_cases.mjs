@@ -84,14 +84,6 @@ test('a Chromium that ends at once makes no view either', async () => {
     assert.match(host.logText(), /browser: ended 1/);
 });
 
-test('a browser that fails to start is started once more', async () => {
-    const chromium = makeProgram('if mkdir "$0.failed"; then exit 1; fi; exec chromium "$@"');
-    const host = await BrowserHost.open({ env: { RAVELIN_TEST_CHROMIUM: chromium } });
-    assert.match(host.logText(), /browser: ended 1\n.* start 1 of a browser failed/);
-    assert.doesNotMatch(host.logText(), /start 2/);
-    await host.close();
-});
-
 test('a browser that is lost before it shows a page makes no view', async () => {
     const server = createServer();
     server.on('upgrade', (request, socket) => {
