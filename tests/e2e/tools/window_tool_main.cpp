@@ -1,6 +1,6 @@
 // Looks at and acts on top-level windows from outside, for the end-to-end tests.
 //
-//   window_tool.exe stay                 prints "ready", then stays on the desktop, unseen
+//   window_tool.exe stay FILE            stays on the desktop, unseen; writes "ready" into the file
 //   window_tool.exe list                 one line a visible window: its title
 //   window_tool.exe state TITLE          one line of JSON about the window, once its thread is at
 //                                        rest from what it was doing when it was looked at
@@ -148,12 +148,14 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     return 0;
 }
 
-int stay() {
+int stay(const wchar_t* noteFile) {
     if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
                         nullptr) == nullptr)
         return 2;
-    std::puts("ready");
-    std::fflush(stdout);
+    std::FILE* const note = _wfopen(noteFile, L"wb");
+    if (note == nullptr) return 2;
+    std::fputs("ready\n", note);
+    std::fclose(note);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0)
         DispatchMessageW(&message);
@@ -167,12 +169,12 @@ int main() {
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 2;
     const std::wstring_view command = arguments[1];
-    if (command == L"stay") return stay();
     if (command == L"list") {
         EnumWindows(list, 0);
         return 0;
     }
     if (count < 3) return 2;
+    if (command == L"stay") return stay(arguments[2]);
     Search search{arguments[2], nullptr};
     EnumWindows(match, reinterpret_cast<LPARAM>(&search));
     return search.found == nullptr ? 3 : act(command, search.found, count, arguments);
