@@ -5,10 +5,6 @@ set -euo pipefail
 source scripts/steps.sh
 source scripts/build_steps.sh
 
-check_format() {
-    git ls-files -co --exclude-standard '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
-}
-
 check_tidy() {
     local headers source stamp pending=()
     [ -f "$BUILD/host/compile_commands.json" ] || build_preset host ravelin_core
@@ -24,10 +20,6 @@ check_tidy() {
         xargs -0 -n 2 -P "$JOBS" sh -c 'clang-tidy -p "$0" --quiet --extra-arg=-Wno-unknown-warning-option "$1" && : >"$2"' "$BUILD/host"
 }
 
-if [ "${1:-}" = --steps ]; then
-    "$2"
-    exit
-fi
-run_step 'format' check_format || true
+run_format_step
 run_step 'tidy' check_tidy || true
 summary

@@ -72,6 +72,16 @@ drop_step() {
     wait "$beside" || true
 }
 
+# The check of the formatting, where the version of the formatter is there that the sources have.
+run_format_step() {
+    local missing
+    if missing=$(scripts/format.sh fits 2>&1); then
+        run_step 'format' scripts/format.sh check || true
+    else
+        printf '%-34sskipped: %s\n' 'format' "$missing"
+    fi
+}
+
 # What a test program said of itself, for the step's line.
 test_counts() {
     local count

@@ -68,5 +68,5 @@ step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
 join
 step 'end-to-end tests' end_to_end_tests
-step 'format' scripts/lint.sh --steps check_format
+! wanted 'format' || run_format_step
 summary

@@ -28,6 +28,12 @@ async function clicking(on) {
     await ravelin.untilStatus((status) => status.autoClicking === on, `the clicker to be ${on ? 'on' : 'off'}`);
 }
 
+/** Stops the clicker with its hotkey, and waits until all that a stop sends has arrived. */
+async function stopByKey() {
+    await witness.seeStop(() => xdotool('key', 'F6'));
+    await clicking(false);
+}
+
 async function untilClicks(count) {
     await until(() => witness.fresh('left-down').length >= count, `${count} clicks in the other program`);
 }
@@ -37,10 +43,7 @@ test('F6 starts and stops clicking into the program in front, which never sees t
     await xdotool('key', 'F6');
     await clicking(true);
     await untilClicks(20);
-    await xdotool('key', 'F6');
-    await clicking(false);
-    const downs = witness.fresh('left-down').length;
-    await until(() => witness.fresh('left-up').length >= downs, 'the release of the last click');
+    await stopByKey();
     assert.equal(witness.fresh('key-down').length, 0);
     assert.equal(witness.fresh('key-up').length, 0);
 });
@@ -58,8 +61,7 @@ test('holding F6 fires once, and its repeats and release stay hidden', async () 
     await until(() => witness.fresh('key-up').length === 1, 'an ordinary key to pass');
     assert.deepEqual(witness.fresh('key-down').map((line) => line.a), [65]);
     assert.equal((await ravelin.statusNow()).autoClicking, true);
-    await xdotool('key', 'F6');
-    await clicking(false);
+    await stopByKey();
 });
 
 test('the page starts and stops the clicker and shows that it runs', async () => {
@@ -72,7 +74,7 @@ test('the page starts and stops the clicker and shows that it runs', async () =>
     await clicking(true);
     await panel.getByRole('button', { name: /stop/i }).first().waitFor();
     await screenshot('clicker-running');
-    await page.evaluate(() => window.stopSpammer());
+    await witness.seeStop(() => page.evaluate(() => window.stopSpammer()));
     await clicking(false);
     await panel.getByRole('button', { name: /start/i }).first().waitFor();
 });
@@ -101,7 +103,7 @@ test('F10 locks the hotkeys, stops the clicker, and unlocks again', async () => 
     await witness.focus();
     await xdotool('key', 'F6');
     await clicking(true);
-    await xdotool('key', 'F10');
+    await witness.seeStop(() => xdotool('key', 'F10'));
     await ravelin.untilStatus((status) => !status.unlocked && !status.autoClicking, 'the lock to engage');
     await screenshot('clicker-locked');
     witness.mark();
@@ -113,14 +115,14 @@ test('F10 locks the hotkeys, stops the clicker, and unlocks again', async () => 
     await ravelin.untilStatus((status) => status.unlocked, 'the lock to open');
     await xdotool('key', 'F6');
     await clicking(true);
-    await xdotool('key', 'F6');
-    await clicking(false);
+    await stopByKey();
 });
 
 test('a location is picked by a real click, which reaches nobody else', async () => {
     await witness.focus();
+    await witness.point(30, 20);
     await page.evaluate(() => window.pickLocation());
-    await xdotool('mousemove', witness.center.x + 30, witness.center.y + 20, 'click', 1);
+    await xdotool('click', 1);
     const settings = await until(async () => {
         const now = JSON.parse(await page.evaluate(async () => JSON.stringify(await window.getSettings())));
         return now.locMode === 1 && now;
@@ -130,8 +132,9 @@ test('a location is picked by a real click, which reaches nobody else', async ()
     await until(() => witness.fresh('key-up').length === 1, 'a key behind the click');
     assert.equal(witness.fresh('left-down').length, 0);
 
+    await witness.point(-30);
     await page.evaluate(() => window.pickLocation());
-    await xdotool('mousemove', witness.center.x - 30, witness.center.y, 'click', 3);
+    await xdotool('click', 3);
     await xdotool('key', 'c');
     await until(() => witness.fresh('key-up').length === 2, 'a key behind the cancelling click');
     const after = JSON.parse(await page.evaluate(async () => JSON.stringify(await window.getSettings())));
@@ -142,14 +145,15 @@ test('a location is picked by a real click, which reaches nobody else', async ()
 test('a fixed point is clicked wherever the cursor was', async () => {
     const at = { x: witness.center.x + 50, y: witness.center.y + 60 }; // not where it was before
     await witness.focus();
+    await witness.point(50, 60);
     await page.evaluate(() => window.pickLocation());
-    await xdotool('mousemove', at.x, at.y, 'click', 1);
+    await xdotool('click', 1);
     await until(async () => (await page.evaluate(() => window.getSettings())).fixedX === at.x, 'the point');
     // The press alone is the pick; its release passes.
     await until(() => witness.fresh('left-up').length === 1, 'the release of the picking click');
     witness.mark();
     await page.evaluate(() => window.updateSpammer('0,0,0,20,0,0,0,2,1'));
-    await xdotool('mousemove', witness.center.x - 60, witness.center.y - 40);
+    await witness.point(-60, -40);
     await xdotool('key', 'F6');
     await until(() => witness.fresh('left-up').length >= 2, 'two clicks');
     await clicking(false);

@@ -51,7 +51,7 @@ test('a key becomes the new hotkey, works, and hides from the program in front',
     assert.equal(status.hkAuto, 'F4');
     await xdotool('key', 'F4');
     await ravelin.untilStatus((now) => now.autoClicking, 'the clicker to run');
-    await xdotool('key', 'F4');
+    await witness.seeStop(() => xdotool('key', 'F4'));
     await ravelin.untilStatus((now) => !now.autoClicking, 'the clicker to stop');
     await xdotool('key', 'F6');
     await until(() => witness.fresh('key-up').some((line) => line.a === 117), 'F6 to be an ordinary key');
@@ -70,6 +70,7 @@ test('a mouse button becomes a hotkey', async () => {
     await arm('rec');
     await xdotool('click', 2);
     assert.equal((await disarmed()).hkRec, 'Middle Mouse');
+    await until(() => witness.fresh('middle-up').length === 1, 'the release of the button');
     assert.equal(witness.fresh('middle-down').length, 0);
 });
 

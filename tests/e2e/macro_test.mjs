@@ -1,6 +1,7 @@
 // Recording real input in another program and playing it back there.
 import assert from 'node:assert/strict';
 import test, { after, before, beforeEach } from 'node:test';
+import { clickOnPage } from './lib/pointer.mjs';
 import { Ravelin } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
 import { screenshot, until, xdotool } from './lib/wine.mjs';
@@ -39,12 +40,18 @@ async function record(act) {
 
 /** Plays the macro and gives what arrived, once that is `count` events. */
 async function play(count) {
-    await xdotool('mousemove', witness.center.x - 80, witness.center.y + 60);
+    await witness.point(-80, 60);
     witness.mark();
     await xdotool('key', 'F7');
     const played = await settled(count);
     await untilState('Idle');
     return played;
+}
+
+/** Stops the clicker with its hotkey, and waits until all that a stop sends has arrived. */
+async function stopClicker() {
+    await witness.seeStop(() => xdotool('key', 'F6'));
+    await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
 }
 
 const deeds = () => witness.fresh().filter((line) => !['move', 'focus'].includes(line.kind));
@@ -55,13 +62,12 @@ async function settled(count) {
 }
 
 test('what was done by hand is done again, event by event', async () => {
-    const { x, y } = witness.center;
     const status = await record(async () => {
-        await xdotool('mousemove', x - 40, y - 30);
+        await witness.point(-40, -30);
         await xdotool('click', 1);
-        await xdotool('mousemove', x + 20, y + 10);
+        await witness.point(20, 10);
         await xdotool('mousedown', 3);
-        await xdotool('mousemove', x + 50, y + 30);
+        await witness.point(50, 30);
         await xdotool('mouseup', 3);
         await xdotool('click', 4, 'click', 5);
         await xdotool('key', 'a');
@@ -99,8 +105,9 @@ test('the hotkeys that end a recording are not part of it', async () => {
 
 test('clicks on the program\'s own window are not recorded', async () => {
     const before = await record(async () => {
-        await xdotool('mousemove', 200, 300, 'click', 1);
-        await xdotool('mousemove', witness.center.x, witness.center.y, 'click', 1);
+        await clickOnPage(page, { x: 200, y: 300 });
+        await witness.point();
+        await xdotool('click', 1);
         await settled(2);
     });
     assert.ok(before.count > 0);
@@ -117,15 +124,14 @@ test('tools switched while recording are switched again by the macro', async () 
     await record(async () => {
         await xdotool('key', 'F6');
         await until(() => witness.fresh('left-down').length >= 3, 'the clicker');
-        await xdotool('key', 'F6');
-        await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
+        await stopClicker();
         await xdotool('key', 'F9');
         await until(() => witness.fresh('key-down').length >= 3, 'the key spammer');
         await xdotool('key', 'F9');
         await ravelin.untilStatus((status) => !status.keySpamming, 'the key spammer to stop');
     });
     await screenshot('macro-recorded');
-    await play(2);
+    await witness.seeStop(() => play(2));
     await until(() => witness.fresh('left-down').length >= 2, 'the clicker to run again');
     await until(() => witness.fresh('key-down').filter((line) => line.a === 75).length >= 2, 'the key spammer to run again');
     await ravelin.untilStatus((now) => !now.autoClicking && !now.keySpamming && now.state === 'Idle', 'everything to rest');
@@ -137,14 +143,15 @@ test('F10 in the middle of playback stops everything', async () => {
         await settled(2);
         await xdotool('key', 'F6');
         await until(() => witness.fresh('left-down').length >= 20, 'two seconds of clicking');
-        await xdotool('key', 'F6');
+        await stopClicker();
         await xdotool('key', 'e');
+        await until(() => witness.fresh('key-up').some((line) => line.a === 69), 'the last key');
     });
-    await xdotool('mousemove', witness.center.x, witness.center.y);
+    await witness.point();
     witness.mark();
     await xdotool('key', 'F7');
     await ravelin.untilStatus((status) => status.state === 'Playing' && status.autoClicking, 'playback with the clicker');
-    await xdotool('key', 'F10');
+    await witness.seeStop(() => xdotool('key', 'F10'));
     await ravelin.untilStatus((status) => status.state === 'Idle' && !status.autoClicking && !status.unlocked, 'everything to stop');
     assert.equal(witness.fresh('key-down').filter((line) => line.a === 69).length, 0);
     await xdotool('key', 'F10');

@@ -5,7 +5,8 @@ import path from 'node:path';
 import test, { after, afterEach } from 'node:test';
 import { clicker, detachByButton, ending, panelPage, untilGone } from './lib/panels.mjs';
 import { Ravelin } from './lib/ravelin.mjs';
-import { programFolder, runToEnd, scratch, screenshot, start, toolFolder, until, windowsPath, within, xdotool } from './lib/wine.mjs';
+import { Witness } from './lib/witness.mjs';
+import { programFolder, runToEnd, scratch, screenshot, start, toolFolder, until, windowsPath, within } from './lib/wine.mjs';
 import { untilWindow } from './lib/windows.mjs';
 
 const pipeTool = windowsPath(path.join(toolFolder, 'pipe_tool.exe'));
@@ -32,7 +33,9 @@ const clicks = (status) => status.autoClicking;
 test('another program is never obeyed, and holds up nobody by keeping its connections', async () => {
     ravelin = await Ravelin.open();
     const page = await ravelin.page();
-    await xdotool('mousemove', 1200, 900);
+    // Takes the clicks.
+    const witness = await Witness.open({ x: 860, y: 600 });
+    await witness.point();
     const child = await detachByButton(ravelin, clicker);
     for (const message of ['startSpammer|', 'panelHover|1', 'x'.repeat(4000), '|', 'updateSpammer|9,9,9,9,1,1,1,1,1'])
         await runToEnd(pipeTool, ['send', message]);
@@ -43,8 +46,9 @@ test('another program is never obeyed, and holds up nobody by keeping its connec
     assert.equal(status.panelHover, false);
     const settings = await page.evaluate(() => window.getSettings());
     assert.deepEqual([settings.sh, settings.ss], [0, 7]);
-    await child.evaluate(() => window.stopSpammer());
+    await witness.seeStop(() => child.evaluate(() => window.stopSpammer()));
     await ravelin.untilStatus((now) => !clicks(now), 'the clicker to stop');
+    await witness.close();
     await ending(child.evaluate(() => window.closeThisWindow()));
     await untilGone(clicker.window);
 });

@@ -2,6 +2,7 @@
 import assert from 'node:assert/strict';
 import test, { after, afterEach, before } from 'node:test';
 import { clicker, detachByButton, ending, grab, hidden, keySpammer, macro, panelPage, shown, titlePlace, untilGone } from './lib/panels.mjs';
+import { dragWindow, dropWindow, moveOverPage } from './lib/pointer.mjs';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
 import { runToEnd, screenshot, until, xdotool } from './lib/wine.mjs';
@@ -64,13 +65,11 @@ test('the button of a panel puts it into a window of its own, which shows it alo
 test('a panel let go outside the window by its header gets a window there, in the theme in use', async () => {
     await page.locator('#theme-select').selectOption('daylight');
     const from = await titlePlace(page, clicker, windowTitle);
-    await xdotool('mousemove', from.x, from.y, 'mousedown', 1);
-    for (const x of [from.x + 10, from.x + 60, 460]) await xdotool('mousemove', x, from.y + 5);
-    const hint = page.getByText('Let go to show Auto clicker in a window of its own');
-    await until(async () => {
-        await xdotool('mousemove', 800, 300, 'mousemove', 801, 301);
-        return await hint.isVisible();
-    }, 'the page to tell what letting go will do');
+    await moveOverPage(page, from);
+    await xdotool('mousedown', 1);
+    const way = [from.x + 10, from.x + 60, 460].map((x) => ({ x, y: from.y + 5 }));
+    await moveOverPage(page, ...way, { x: 800, y: 300 }, { x: 801, y: 301 });
+    await page.getByText('Let go to show Auto clicker in a window of its own').waitFor();
     await screenshot('panel-leaving');
     await xdotool('mouseup', 1);
     await hidden(page, clicker);
@@ -126,7 +125,7 @@ test('the window shows what the engine does, whoever started it', async () => {
     await child.getByText('Clicking', { exact: true }).waitFor();
     await painted(child);
     await screenshot('panel-running');
-    await child.getByRole('button', { name: 'Stop clicking' }).click();
+    await witness.seeStop(() => child.getByRole('button', { name: 'Stop clicking' }).click());
     await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
     await child.getByRole('button', { name: 'Start clicking' }).waitFor();
 });
@@ -158,26 +157,26 @@ test('dropped elsewhere it stays there; dropped on the main window it goes and t
     const child = await detachByButton(ravelin, clicker);
     await windowTool('place', clicker.window, 620, 180);
     const before = await untilWindow(clicker.window, (state) => state.left === 620);
-    const from = await grab(child, clicker);
-    await xdotool('mousemove', from.x - 10, from.y + 90, 'mousemove', from.x + 80, from.y + 200);
-    await xdotool('mouseup', 1);
-    const dropped = await untilWindow(clicker.window, (state) => state.top === before.top + 200);
-    assert.deepEqual([dropped.left, dropped.width, dropped.height], [before.left + 80, before.width, before.height]);
-    await xdotool('mousemove', 100, 100);
-    assert.equal((await windowState(clicker.window)).left, dropped.left);
+    let hold = await grab(child, clicker);
+    await dragWindow(hold, { x: hold.x - 10, y: hold.y + 90 });
+    await dragWindow(hold, { x: hold.x + 90, y: hold.y + 110 });
+    await dropWindow(clicker.window);
+    await moveOverPage(page, { x: 100, y: 100 });
+    const { left, top, width, height } = await windowState(clicker.window);
+    assert.deepEqual([left, top, width, height], [before.left + 80, before.top + 200, before.width, before.height]);
     assert.equal((await ravelin.statusNow()).panelHover, false);
 
-    await grab(child, clicker);
-    await xdotool('mousemove', 300, 300);
+    hold = await grab(child, clicker);
+    await dragWindow(hold, { x: 300, y: 300 });
     await ravelin.untilStatus((status) => status.panelHover, 'the hover to be told');
     await page.getByText('Drop the panel here').waitFor();
     assert.equal((await windowState(clicker.window)).foreground, true);
     await painted(page);
     await screenshot('panel-hover');
-    await xdotool('mousemove', 900, 500);
+    await dragWindow(hold, { x: 900, y: 500 });
     await ravelin.untilStatus((status) => !status.panelHover, 'the hover to end');
     await page.getByText('Drop the panel here').waitFor({ state: 'detached' });
-    await xdotool('mousemove', 300, 320);
+    await dragWindow(hold, { x: 300, y: 320 });
     await ravelin.untilStatus((status) => status.panelHover, 'the hover to be told again');
     await xdotool('mouseup', 1);
     await untilGone(clicker.window);
@@ -195,8 +194,8 @@ test('its button closes it, and the panel is back', async () => {
 test('a window whose process is killed while it hovers gives its panel back', async () => {
     const child = await detachByButton(ravelin, clicker);
     await windowTool('place', clicker.window, 620, 180);
-    await grab(child, clicker);
-    await xdotool('mousemove', 300, 300);
+    const hold = await grab(child, clicker);
+    await dragWindow(hold, { x: 300, y: 300 });
     await ravelin.untilStatus((status) => status.panelHover, 'the hover to be told');
     await runToEnd('taskkill', ['/f', '/pid', await windowTool('process', clicker.window)]);
     await shown(page, clicker);

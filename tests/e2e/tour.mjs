@@ -22,7 +22,7 @@ await xdotool('key', 'F6');
 await ravelin.untilStatus((status) => status.autoClicking, 'the clicker to run');
 await pause(seconds * 1000);
 await screenshot('tour-clicking');
-await xdotool('key', 'F6');
+await witness.seeStop(() => xdotool('key', 'F6'));
 await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
 
 const clicks = witness.fresh('left-down');
@@ -38,9 +38,10 @@ const deeds = () => witness.fresh().filter((line) => !['move', 'focus'].includes
 await xdotool('key', 'F8');
 await ravelin.untilStatus((status) => status.state === 'Recording', 'the recording to begin');
 witness.mark();
-const { x, y } = witness.center;
-await xdotool('mousemove', x - 60, y - 40, 'click', 1);
-await xdotool('mousemove', x + 60, y + 40, 'click', 3);
+await witness.point(-60, -40);
+await xdotool('click', 1);
+await witness.point(60, 40);
+await xdotool('click', 3);
 await xdotool('click', 5, 'key', 'h', 'key', 'i');
 await until(() => deeds().length >= 9, 'the input to arrive');
 await screenshot('tour-recording');

@@ -29,30 +29,31 @@ desktop_key='HKCU\Software\Wine\Explorer'
 
 # Every program started from here on shares the desktop, so that focus and hooks work across them. A
 # program that stays on it keeps it: Wine ends a desktop a second after its last program, and what
-# is started in that moment finds neither the old one nor a new one and fails in odd ways.
+# is started in that moment finds neither the old one nor a new one and fails in odd ways. The
+# desktop's own process starts that program. One that had to bring the desktop about found it
+# unfinished now and then, and got no window.
 hold_desktop() {
-    local tools=$1 log=$2 attempt holder deadline
+    local tools=$1 log=$2 note holder deadline=$((SECONDS + 120))
+    note=$(mktemp)
     wine reg add "$desktop_key" /v Desktop /d ravelin /f >"$log" 2>&1
     wine reg add "$desktop_key\Desktops" /v ravelin /d 1280x1000 /f >>"$log" 2>&1
-    for attempt in 1 2 3 4 5; do
-        wine "$tools/window_tool.exe" stay >>"$log" 2>&1 </dev/null &
-        holder=$!
-        disown
-        deadline=$((SECONDS + 60))
-        while kill -0 "$holder" 2>/dev/null && [ $SECONDS -lt $deadline ]; do
-            if tail -n 1 "$log" | grep -q ready; then
-                export RAVELIN_HELD_DESKTOP=$DISPLAY
-                return 0
-            fi
-            sleep 0.05
-        done
-        kill -KILL "$holder" 2>/dev/null || true
-        echo "attempt $attempt to hold a desktop failed" | tee -a "$log" >&2
-        # Until what there is of a desktop has gone as well.
-        sleep 2
+    wine explorer /desktop=ravelin,1280x1000 "$(windows_path "$tools/window_tool.exe")" \
+        stay "$(windows_path "$note")" >>"$log" 2>&1 </dev/null &
+    holder=$!
+    disown
+    until [ -s "$note" ]; do
+        if ! kill -0 "$holder" 2>/dev/null || [ $SECONDS -gt $deadline ]; then
+            kill -KILL "$holder" 2>/dev/null || true
+            echo "cannot hold a desktop; see $log" >&2
+            return 1
+        fi
+        sleep 0.05
     done
-    return 1
+    rm -f "$note"
+    export RAVELIN_HELD_DESKTOP=$DISPLAY
 }
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 release_desktop() {
     timeout 20 wine reg delete "$desktop_key" /f >/dev/null 2>&1 || true

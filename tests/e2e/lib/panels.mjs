@@ -1,6 +1,6 @@
 // Panels in windows of their own: what a user does with them, and what is to be seen.
 import { until, xdotool } from './wine.mjs';
-import { untilWindow, windowState, windowTool } from './windows.mjs';
+import { windowState } from './windows.mjs';
 
 export const clicker = { id: 'panel-spammer', title: 'Auto clicker', window: 'Ravelin - Auto clicker' };
 export const keySpammer = { id: 'panel-keyspam', title: 'Key spammer', window: 'Ravelin - Key spammer' };
@@ -19,11 +19,15 @@ export async function detachByButton(ravelin, panel) {
     return await panelPage(ravelin, panel);
 }
 
-/** The page of the panel's window, once that is there as a user sees it. */
+/** The page of the panel's window, once that is there as a user sees it: frameless around the panel. */
 export async function panelPage(ravelin, panel) {
     const page = await ravelin.panelPage(panel.window);
-    await page.locator(`#${panel.id}`).waitFor();
-    await untilWindow(panel.window, (state) => !state.frame, `"${panel.window}" without a frame`);
+    const inside = page.locator(`#${panel.id}`);
+    await inside.waitFor();
+    await until(async () => {
+        const state = await windowState(panel.window);
+        return state && !state.frame && Math.abs(state.height - (await inside.boundingBox()).height) <= 4;
+    }, `"${panel.window}" to fit its panel`);
     return page;
 }
 
@@ -50,8 +54,9 @@ export async function titlePlace(page, panel, windowTitle) {
     };
 }
 
-/** Presses the header of a panel's window and waits until that follows the cursor; gives the place. */
+/** Presses the header of a panel's window and waits until it follows; gives the hold for dragWindow. */
 export async function grab(child, panel) {
+    const { left, top } = await windowState(panel.window);
     const place = await titlePlace(child, panel, panel.window);
     await child.evaluate(() => {
         const begin = window.beginWindowDrag;
@@ -64,5 +69,5 @@ export async function grab(child, panel) {
     });
     await xdotool('mousemove', place.x, place.y, 'mousedown', 1);
     await until(() => child.evaluate(() => window.dragBegan), 'the drag to begin');
-    return place;
+    return { title: panel.window, ...place, left, top };
 }

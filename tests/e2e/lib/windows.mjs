@@ -6,15 +6,10 @@ const tool = windowsPath(path.join(toolFolder, 'window_tool.exe'));
 
 /** Runs a command of the window tool; gives what it printed, or null when there is no such window. */
 export async function windowTool(...args) {
-    for (let attempt = 1; ; attempt++) {
-        const { code, output } = await runToEnd(tool, args.map(String));
-        if (code === 0) return output.replaceAll('\r\n', '\n').trim();
-        if (code === 3) return null;
-        // Wine may have failed to start it; then it has done nothing yet.
-        const failure = `window_tool.exe ${args.join(' ')} ended with ${code} and printed ${output.trim() || 'nothing'}`;
-        if (attempt === 3) throw new Error(failure);
-        console.error(failure);
-    }
+    const { code, output } = await runToEnd(tool, args.map(String));
+    if (code === 0) return output.replaceAll('\r\n', '\n').trim();
+    if (code === 3) return null;
+    throw new Error(`window_tool.exe ${args.join(' ')} ended with ${code} and printed ${output.trim() || 'nothing'}`);
 }
 
 /** { left, top, width, height, minimized, maximized, foreground, topmost, ... } or null. */

@@ -1,6 +1,7 @@
 // The other program: a window that writes down what reaches it.
 import path from 'node:path';
 import { rmSync } from 'node:fs';
+import { pointerPlace } from './pointer.mjs';
 import { scratch, start, textOf, toolFolder, until, windowsPath, within, xdotool } from './wine.mjs';
 
 let count = 0;
@@ -42,10 +43,31 @@ export class Witness {
         return this.lines().slice(this.from ?? 0).filter((line) => !kind || line.kind === kind);
     }
 
+    /** Puts the cursor on the window, so far from its centre, and waits until it has arrived. */
+    async point(right = 0, down = 0) {
+        const { x, y } = { x: this.center.x + right, y: this.center.y + down };
+        const old = await pointerPlace();
+        if (old.x === x && old.y === y) return;
+        const before = this.of('move').length;
+        await xdotool('mousemove', x, y);
+        await until(() => {
+            const last = this.of('move').slice(before).at(-1);
+            return last && last.a === x - this.origin.x && last.b === y - this.origin.y;
+        }, `the cursor on the witness at ${x}, ${y}`);
+    }
+
+    /** Does what stops the clicker and waits for the last release that a stop sends. */
+    async seeStop(stop) {
+        const before = this.of('middle-up').length;
+        await stop();
+        await until(() => this.of('middle-up').length > before, 'the releases of the stop');
+    }
+
     /** Puts the cursor on the window and gives it the focus by a real click. */
     async focus() {
+        await this.point();
         const before = this.of('left-up').length;
-        await xdotool('mousemove', this.center.x, this.center.y, 'click', 1);
+        await xdotool('click', 1);
         await until(() => this.of('left-up').length > before, 'the click on the witness');
         this.mark();
     }

@@ -1,8 +1,9 @@
 // Looks at and acts on top-level windows from outside, for the end-to-end tests.
 //
-//   window_tool.exe stay                 prints "ready", then stays on the desktop, unseen
+//   window_tool.exe stay FILE            stays on the desktop, unseen; writes "ready" into the file
 //   window_tool.exe list                 one line a visible window: its title
-//   window_tool.exe state TITLE          one line of JSON about the window
+//   window_tool.exe state TITLE          one line of JSON about the window, once its thread is at
+//                                        rest from what it was doing when it was looked at
 //   window_tool.exe text TITLE           the texts of its child windows, as in a message box
 //   window_tool.exe process TITLE        the id of its process
 //   window_tool.exe handles TITLE        how many handles its process has
@@ -69,17 +70,35 @@ const char* truth(bool value) {
     return value ? "true" : "false";
 }
 
+// A moving window's rectangle is new a moment before the display has moved it too, and input that
+// is made in between lands wrong. The window's thread answers after that moment.
+void awaitItsThread(HWND window) {
+    constexpr UINT patienceMs = 10'000;
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, &answer);
+}
+
+GUITHREADINFO threadInfo(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info;
+}
+
 void printState(HWND window) {
     RECT r;
     GetWindowRect(window, &r);
     const auto style = GetWindowLongPtrW(window, GWL_STYLE);
     const auto extended = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    const GUITHREADINFO info = threadInfo(window);
+    awaitItsThread(window);
     std::printf(
         "{\"left\":%ld,\"top\":%ld,\"width\":%ld,\"height\":%ld,\"minimized\":%s,\"maximized\":%s,"
-        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s}\n",
+        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s,\"holdsMouse\":%s,\"showsMenu\":%s}\n",
         r.left, r.top, r.right - r.left, r.bottom - r.top, truth(IsIconic(window)),
         truth(IsZoomed(window)), truth(GetForegroundWindow() == window),
-        truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION));
+        truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION),
+        truth(info.hwndCapture == window), truth(info.hwndMenuOwner != nullptr));
 }
 
 int number(const wchar_t* text) {
@@ -171,12 +190,14 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     return 0;
 }
 
-int stay() {
+int stay(const wchar_t* noteFile) {
     if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
                         nullptr) == nullptr)
         return 2;
-    std::puts("ready");
-    std::fflush(stdout);
+    std::FILE* const note = _wfopen(noteFile, L"wb");
+    if (note == nullptr) return 2;
+    std::fputs("ready\n", note);
+    std::fclose(note);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0)
         DispatchMessageW(&message);
@@ -190,12 +211,12 @@ int main() {
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 2;
     const std::wstring_view command = arguments[1];
-    if (command == L"stay") return stay();
     if (command == L"list") {
         EnumWindows(list, 0);
         return 0;
     }
     if (count < 3) return 2;
+    if (command == L"stay") return stay(arguments[2]);
     Search search{arguments[2], nullptr};
     EnumWindows(match, reinterpret_cast<LPARAM>(&search));
     return search.found == nullptr ? 3 : act(command, search.found, count, arguments);

@@ -82,7 +82,7 @@ TEST_F(PageMethods, RequestsAreRaisedBeforeTheCommandEventIsSet) {
         {"stopKeySpam", &requests.keySpamStop}};
     for (const auto& [name, flag] : rows) {
         int seen = -1;
-        desktop.onCommand = [&seen, flag = flag] { seen = flag->exchange(0); };
+        desktop.onCommand = [&seen, request = flag] { seen = request->exchange(0); };
         EXPECT_EQ(call(name, "[\"whatever\"]"), "") << name;
         EXPECT_EQ(seen, 1) << name;
     }

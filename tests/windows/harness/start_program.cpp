@@ -1,5 +1,10 @@
 #include "tests/windows/harness/start_program.h"
 
+#include <gtest/gtest.h>
+
+#include "support/utf.h"
+#include "support/win32_error.h"
+
 namespace ravelin::test {
 
 ProcessHandle startProgram(const std::wstring& program, const std::wstring& option,
@@ -9,8 +14,10 @@ ProcessHandle startProgram(const std::wstring& program, const std::wstring& opti
     start.cb = sizeof start;
     PROCESS_INFORMATION created{};
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &start, &created) == 0)
+                       &start, &created) == 0) {
+        ADD_FAILURE() << narrow(line) << ": " << lastErrorText();
         return {};
+    }
     const KernelHandle thread(created.hThread);
     return ProcessHandle(created.hProcess);
 }

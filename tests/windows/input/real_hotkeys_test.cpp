@@ -264,6 +264,7 @@ TEST_F(RealButtons, AnArmedSlotCapturesAButtonAndHidesItsPress) {
     capture.slot = CaptureSlot::rec;
     realInput("mousemove 250 300 click 2");
     ASSERT_TRUE(eventually([] { return capture.code == VK_MBUTTON; }));
+    ASSERT_TRUE(window_->awaitMessage(WM_MBUTTONUP));
     EXPECT_FALSE(window_->received(WM_MBUTTONDOWN));
 }
 

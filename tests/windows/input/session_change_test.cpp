@@ -8,6 +8,7 @@
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/hook_probe.h"
 #include "tests/windows/harness/real_input_fixture.h"
+#include "tests/windows/harness/test_window.h"
 
 namespace ravelin {
 namespace {
@@ -17,6 +18,7 @@ using test::HookProbe;
 using test::InputThreadRun;
 using test::realInput;
 using test::RealInputTest;
+using test::TestWindow;
 
 // The argument is the reason of the change. All of them come while F6 is held, which has fired.
 class SessionChange : public RealInputTest, public ::testing::WithParamInterface<WPARAM> {
@@ -25,20 +27,23 @@ class SessionChange : public RealInputTest, public ::testing::WithParamInterface
         RealInputTest::SetUp();
         if (IsSkipped()) return;
         probe_.emplace();
-        realInput("keydown F6");
+        window_.emplace(L"In front");
+        realInput(window_->handle(), "keydown F6");
         ASSERT_TRUE(eventually([] { return requests.clickerToggle == 1; }));
         requests.clickerToggle = 0;
         SendMessageW(InputThreadRun::hiddenWindow(), WM_WTSSESSION_CHANGE, GetParam(), 1);
     }
     void TearDown() override {
         if (IsSkipped()) return;
-        realInput("keyup F6");
+        realInput(window_->handle(), "keyup F6");
         EXPECT_TRUE(probe_->awaitKey(WM_KEYUP, VK_F6));
+        window_.reset();
         probe_.reset();
         RealInputTest::TearDown();
     }
 
     std::optional<HookProbe> probe_;
+    std::optional<TestWindow> window_;
 };
 
 class LeavingTheSession : public SessionChange {};

@@ -16,7 +16,7 @@ test('a click reaches a button', async () => {
 test('two quick clicks are a double click, a third counts on', async () => {
     const host = await BrowserHost.open();
     await host.moveTo(80, 40);
-    await xdotool('click', '--repeat', 3, '--delay', 40, 1);
+    await xdotool('click', '--repeat', 3, '--delay', 1, 1);
     await host.reported('dblclick', (name, button, detail) => name === 'press' && button === 0 && detail === 2);
     await host.reported('click', (name, button, detail) => detail === 3);
     await host.close();
@@ -66,7 +66,7 @@ test('hovering shows and ends with the pointer outside the window', async () => 
 test('a drag keeps its button and its moves beyond the edge of the window', async () => {
     const host = await BrowserHost.open();
     await host.moveTo(60, 140);
-    await xdotool('mousedown', 1);
+    await host.press();
     await host.reported('pointerdown', (x, y, buttons) => x === 60 && y === 140 && buttons === 1);
     await host.moveTo(100, 160);
     await host.reported('pointermove', (x, y, buttons) => x === 100 && y === 160 && buttons === 1);
@@ -81,7 +81,7 @@ test('a drag that another window takes over ends for the page', async () => {
     const page = pageText('events.html').replace("say('script'", "box.addEventListener('pointerdown', () => grabMouse()); say('script'");
     const host = await BrowserHost.open({ page });
     await host.moveTo(60, 140);
-    await xdotool('mousedown', 1);
+    await host.press();
     await host.reported('pointerdown');
     await host.reported('pointermove', (x, y, buttons) => buttons === 0);
     await xdotool('mouseup', 1);
@@ -107,10 +107,11 @@ test('the wheel scrolls what is under the pointer, both ways and sideways', asyn
 
 test('dragging with the system data transfer drops on its target', async () => {
     const host = await BrowserHost.open();
-    await host.moveTo(60, 200);
-    await xdotool('mousedown', 1);
-    for (let x = 70; x <= 260; x += 10) await host.moveTo(x, 200);
+    await host.moveSeenTo(60, 200);
+    await host.press();
+    await host.moveTo(70, 200);
     await host.reported('dragstart');
+    for (let x = 100; x <= 260; x += 40) await host.moveSeenTo(x, 200);
     await xdotool('mouseup', 1);
     await host.reported('drop', (cargo) => cargo === 'cargo');
     await host.reported('dragend');
@@ -123,9 +124,9 @@ test('rows are sorted by dragging them with Sortable', async () => {
     const library = readFileSync(path.join(root, 'ui/node_modules/sortablejs/Sortable.min.js'), 'utf8');
     const page = pageText('sortable.html').replace('<script src="vendor/Sortable.min.js"></script>', () => `<script>${library}</script>`);
     const host = await BrowserHost.open({ page });
-    await host.moveTo(60, 20);
-    await xdotool('mousedown', 1);
-    for (let y = 22; y <= 106; y += 6) await host.moveTo(60, y);
+    await host.moveSeenTo(60, 20);
+    await host.press();
+    for (let y = 28; y <= 108; y += 8) await host.moveSeenTo(60, y);
     await xdotool('mouseup', 1);
     assert.deepEqual(await host.reported('order'), ['order', 'two', 'three', 'one']);
     await host.close();

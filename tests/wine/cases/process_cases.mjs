@@ -5,7 +5,7 @@ import { readFileSync } from 'node:fs';
 import { createServer } from 'node:http';
 import path from 'node:path';
 import { until, xdotool } from '../../e2e/lib/wine.mjs';
-import { windowTool } from '../../e2e/lib/windows.mjs';
+import { untilWindow, windowState, windowTool } from '../../e2e/lib/windows.mjs';
 import { attach, BrowserHost, pageText } from '../lib/browser_host.mjs';
 import { atEnd, test } from '../lib/harness.mjs';
 import { makeProgram } from '../lib/unix.mjs';
@@ -62,6 +62,8 @@ test('two views of one program have a browser each', async () => {
         await browser.close();
     }
     await windowTool('close', `${host.title} 2`);
+    // A title matches from its beginning.
+    await until(async () => (await windowState(`${host.title} 2`)) === null, 'the second window to go');
     await windowTool('close', host.title);
     await host.end();
 });
@@ -80,14 +82,6 @@ test('a Chromium that ends at once makes no view either', async () => {
     await host.end({ keepFolder: true });
     assert.equal(host.exitCode, 4);
     assert.match(host.logText(), /browser: ended 1/);
-});
-
-test('a browser that fails to start is started once more', async () => {
-    const chromium = makeProgram('if mkdir "$0.failed"; then exit 1; fi; exec chromium "$@"');
-    const host = await BrowserHost.open({ env: { RAVELIN_TEST_CHROMIUM: chromium } });
-    assert.match(host.logText(), /browser: ended 1\n.* start 1 of a browser failed/);
-    assert.doesNotMatch(host.logText(), /start 2/);
-    await host.close();
 });
 
 test('a browser that is lost before it shows a page makes no view', async () => {
@@ -112,10 +106,14 @@ test('a message box stands for alert and confirm, and the page waits for it', as
     const page = pageText('plain.html').replace('addEventListener', "setTimeout(() => { alert('look here'); report('confirmed', confirm('sure?')); }, 100);addEventListener");
     const host = await BrowserHost.open({ page, ready: false });
     const box = 'This page says';
-    await until(async () => (await windowTool('text', box))?.includes('look here'), 'the message box');
+    const asks = async (words) => {
+        await until(async () => (await windowTool('text', box))?.includes(words), `the box to say ${words}`);
+        await untilWindow(box, (state) => state.foreground, 'the box in front');
+    };
+    await asks('look here');
     assert.deepEqual(host.since('confirmed'), []);
     await xdotool('key', 'Return');
-    await until(async () => (await windowTool('text', box))?.includes('sure?'), 'the question');
+    await asks('sure?');
     await xdotool('key', 'Escape');
     assert.deepEqual(await host.reported('confirmed'), ['confirmed', false]);
     await host.close();

@@ -87,6 +87,18 @@ export class BrowserHost {
         await xdotool('mousemove', this.place.x + x, this.place.y + y);
     }
 
+    /** The same, until the page has reported the pointer there, as those pages do that are dragged on. */
+    async moveSeenTo(x, y) {
+        await this.moveTo(x, y);
+        await this.reported('at', (left, top) => left === x && top === y);
+    }
+
+    /** Presses the left button, which a test that fails before it lets go does not leave to the next one. */
+    async press() {
+        atEnd(() => xdotool('mouseup', 1));
+        await xdotool('mousedown', 1);
+    }
+
     async click(x, y, button = 1) {
         await this.moveTo(x, y);
         await xdotool('click', button);

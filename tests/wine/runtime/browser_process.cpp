@@ -15,9 +15,6 @@ namespace {
 constexpr unsigned startLimit = 60000;
 // The keeper itself is a small script.
 constexpr unsigned connectLimit = 20000;
-// A machine that is short of processes or memory may fail to start one now and then.
-constexpr int startAttempts = 3;
-constexpr unsigned pauseBetween = 300;
 
 bool startsWith(std::string_view text, std::string_view head) {
     return text.substr(0, head.size()) == head;
@@ -73,32 +70,22 @@ void BrowserProcess::logOutput(const std::shared_ptr<LifeLine>& line) {
     }
 }
 
-HRESULT BrowserProcess::startOnce() {
-    if (line_->port() == 0) {
+HRESULT BrowserProcess::start(std::shared_ptr<BrowserProcess>& started) {
+    const std::shared_ptr<BrowserProcess> made(new BrowserProcess);
+    if (made->line_->port() == 0) {
         logLine("cannot listen on a loopback port");
         return E_FAIL;
     }
-    if (!launchKeeper()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
-    if (!line_->accept(connectLimit)) {
+    if (!made->launchKeeper()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    if (!made->line_->accept(connectLimit)) {
         logLine("the browser's keeper did not connect");
         return HRESULT_FROM_WIN32(ERROR_TIMEOUT);
     }
-    return awaitEndpoint();
-}
-
-HRESULT BrowserProcess::start(std::shared_ptr<BrowserProcess>& started) {
-    for (int attempt = 1;; ++attempt) {
-        const std::shared_ptr<BrowserProcess> made(new BrowserProcess);
-        const HRESULT result = made->startOnce();
-        if (SUCCEEDED(result)) {
-            std::thread(logOutput, made->line_).detach();
-            started = made;
-            return result;
-        }
-        logLine("start " + std::to_string(attempt) + " of a browser failed");
-        if (attempt == startAttempts) return result;
-        Sleep(pauseBetween);
-    }
+    const HRESULT result = made->awaitEndpoint();
+    if (FAILED(result)) return result;
+    std::thread(logOutput, made->line_).detach();
+    started = made;
+    return S_OK;
 }
 
 }  // namespace ravelin::browser

@@ -14,8 +14,8 @@ namespace ravelin::browser {
 
 class BrowserProcess {
   public:
-    // Starts a browser and waits until it can be spoken to, with a few attempts. Blocks; S_OK, or
-    // why the last one failed with the details of all in the log.
+    // Starts a browser and waits until it can be spoken to. Blocks; S_OK, or why it failed with the
+    // details in the log.
     static HRESULT start(std::shared_ptr<BrowserProcess>& started);
 
     ~BrowserProcess() { end(); }
@@ -34,7 +34,6 @@ class BrowserProcess {
 
   private:
     BrowserProcess() = default;
-    HRESULT startOnce();
     bool launchKeeper() const;
     HRESULT awaitEndpoint();
     static void logOutput(const std::shared_ptr<LifeLine>& line);

@@ -17,7 +17,24 @@ void InputQueue::push(InputKind kind, const char* method, Json parameters) {
     sendNext();
 }
 
+// A page that gets input while it is replaced by another loses track of the pointer: what was
+// pressed later was not captured by the element that asked for it.
+bool InputQueue::waitsForPage() {
+    if (!page_->isBusy()) return false;
+    if (!waitingForPage_) {
+        waitingForPage_ = true;
+        page_->whenIdle([weak = weak_from_this()] {
+            const auto self = weak.lock();
+            if (!self) return;
+            self->waitingForPage_ = false;
+            self->sendNext();
+        });
+    }
+    return true;
+}
+
 void InputQueue::sendNext() {
+    if (waiting_.empty() || waitsForPage()) return;
     while (underway_ == 0 && !waiting_.empty()) {
         Event event = std::move(waiting_.front());
         waiting_.pop_front();

@@ -1,6 +1,6 @@
 // Input events on their way to the page, in the order in which they happened. A mouse event waits
 // for the page to take the one before: a drop decides by what the target said of the last move.
-// Moves that pile up meanwhile become one.
+// Moves that pile up meanwhile become one. While a page is opened everything waits.
 #pragma once
 
 #include <deque>
@@ -27,6 +27,7 @@ class InputQueue : public std::enable_shared_from_this<InputQueue> {
         Json parameters;
     };
     void sendNext();
+    bool waitsForPage();
     void taken(unsigned number);
 
     UiQueue& timers_;
@@ -35,6 +36,7 @@ class InputQueue : public std::enable_shared_from_this<InputQueue> {
     // The number of the event that the page has not taken yet; 0 when there is none.
     unsigned underway_ = 0;
     unsigned lastNumber_ = 0;
+    bool waitingForPage_ = false;
 };
 
 }  // namespace ravelin::browser

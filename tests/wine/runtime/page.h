@@ -46,6 +46,10 @@ class Page : public std::enable_shared_from_this<Page> {
     // Evaluates in the current document; `done` gets the value as JSON, "null" on an exception.
     void execute(const std::string& script, TextDone done);
 
+    // Does the work once no navigation is under way, in the order of the calls.
+    void whenIdle(Done work);
+    bool isBusy() const;
+
     void resize(const PagePlace& place, double zoom);
     void setFocus(bool focused);
     // Sends an input command; the reply comes when the page has taken the event.
@@ -75,8 +79,6 @@ class Page : public std::enable_shared_from_this<Page> {
     void begin(Navigation navigation);
     void loaded(const std::string& loader);
     void finish(bool success);
-    bool isBusy() const;
-    void whenIdle(Done work);
     void workOff();
     void installWatcher();
     void tellFocus();

@@ -69,8 +69,15 @@ test("arrow keys on the grip move a panel and keep the focus on it", async () =>
   await expect.poll(() => live.textContent()).toBe("Auto clicker moved to place 2 of 5");
 });
 
-// Presses the header of one panel and lets it go over that of another.
-async function drag(from: string, to: string): Promise<void> {
+// While a panel is dragged, a second element of the same id follows the cursor.
+const orderOnTheWay = () =>
+  view.page.evaluate(() =>
+    [...document.querySelectorAll("#dashboard > .panel:not(.sortable-drag)")].map((p) => p.id),
+  );
+
+// Presses the header of one panel and lets it go over that of another, once the others have made
+// room: the library looks where the cursor is only now and then.
+async function drag(from: string, to: string, expected: string[]): Promise<void> {
   const middle = async (id: string) => {
     const box = (await view.page.locator(`#${id} h2`).boundingBox())!;
     return { x: box.x + 30, y: box.y + box.height / 2 };
@@ -83,8 +90,10 @@ async function drag(from: string, to: string): Promise<void> {
     const part = step / 12;
     const x = start.x + (end.x - start.x) * part;
     await view.page.mouse.move(x, start.y + (end.y - start.y + 10) * part);
-    await view.page.waitForTimeout(20);
   }
+  await expect
+    .poll(async () => (await orderOnTheWay()).slice(0, expected.length))
+    .toEqual(expected);
   await view.shot(`dragging_${to}`);
   await view.page.mouse.up();
 }
@@ -92,8 +101,8 @@ async function drag(from: string, to: string): Promise<void> {
 test("a panel is dragged by its header to another place", async () => {
   view = await open({ preferences: { ...minimised, disableAnimations: true } });
   await view.page.locator("#panel-spammer-body").waitFor({ state: "hidden" });
-  await drag("panel-spammer", "panel-tracker");
   const moved = ["panel-keyspam", "panel-tracker", "panel-spammer", "panel-profile", "panel-ui"];
+  await drag("panel-spammer", "panel-tracker", moved);
   await expect.poll(() => view.calls("setPanelOrder")).toEqual([[moved.join(",")]]);
   expect(await shownOrder()).toEqual(moved);
   await view.page.getByRole("button", { name: "Move Macro" }).press("ArrowUp");
@@ -102,10 +111,9 @@ test("a panel is dragged by its header to another place", async () => {
 
 test("a panel is dragged from one column to the other", async () => {
   view = await open({ width: 900, height: 700, preferences: { disableAnimations: true } });
-  await drag("panel-spammer", "panel-keyspam");
-  await expect
-    .poll(async () => (await shownOrder()).slice(0, 2))
-    .toEqual(["panel-keyspam", "panel-spammer"]);
+  const moved = ["panel-keyspam", "panel-spammer"];
+  await drag("panel-spammer", "panel-keyspam", moved);
+  await expect.poll(async () => (await shownOrder()).slice(0, 2)).toEqual(moved);
   expect(await view.calls("setPanelOrder")).toHaveLength(1);
 });
 
@@ -146,6 +154,7 @@ test("a panel let go outside of the window gets one of its own", async () => {
   await view.page.mouse.move(200, 300, { steps: 4 });
   await hint.waitFor({ state: "detached" });
   await view.page.mouse.move(600, 300, { steps: 4 });
+  await hint.waitFor();
   await view.page.mouse.up();
   await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
   await hint.waitFor({ state: "detached" });
@@ -165,7 +174,7 @@ test("after a panel was let go outside of the window the next click counts", asy
   await view.page.mouse.up();
   await view.page.locator("#panel-tracker").waitFor({ state: "hidden" });
   await view.page.getByRole("button", { name: "Show Key spammer in a window of its own" }).click();
-  await view.page.locator("#panel-keyspam").waitFor({ state: "hidden", timeout: 5000 });
+  await view.page.locator("#panel-keyspam").waitFor({ state: "hidden" });
 });
 
 test("a panel without use of its own shows no hint and stays when it is let go outside", async () => {
