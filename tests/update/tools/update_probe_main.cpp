@@ -2,7 +2,8 @@
 //
 //   check                      asks for an update
 //   source [SOURCE]            sets where the manifest comes from; nothing for the vendor's host
-//   download URL SHA256 [N]    downloads and verifies; the N-th report of progress stops it
+//   download URL SHA256 [N]    downloads and verifies; the N-th report of progress stops it. What
+//                              succeeds stays held
 //   discard PATH               removes an installer that was downloaded
 //   temp PATH                  where temporary files go from here on
 //   trust FILE                 adds a certificate to the user's trusted roots
@@ -16,6 +17,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <string>
 
@@ -30,6 +32,7 @@ namespace {
 using namespace ravelin;
 
 FileHandle held;
+std::map<std::string, HeldInstaller> downloads;
 
 std::string rest(std::istringstream& words) {
     std::string text;
@@ -52,7 +55,7 @@ std::string download(std::istringstream& words) {
     words >> manifest.url >> manifest.sha256 >> stopAt;
     std::string progress;
     std::size_t reports = 0;
-    std::wstring path;
+    HeldInstaller installer;
     const std::string message = DownloadAndVerify(
         manifest,
         [&](std::uint64_t done, std::uint64_t total) {
@@ -60,8 +63,10 @@ std::string download(std::istringstream& words) {
                         std::to_string(total) + ']';
             return ++reports != stopAt;
         },
-        path);
-    return R"({"message":)" + jsonQuote(message) + R"(,"path":)" + jsonQuote(narrow(path)) +
+        installer);
+    const std::string path = narrow(installer.path());
+    if (installer) downloads[path] = std::move(installer);
+    return R"({"message":)" + jsonQuote(message) + R"(,"path":)" + jsonQuote(path) +
            R"(,"progress":[)" + progress + "]}";
 }
 
@@ -88,7 +93,9 @@ std::string answer(const std::string& line) {
         return "{}";
     }
     if (command == "discard") {
-        discardInstaller(widen(rest(words)));
+        auto node = downloads.extract(rest(words));
+        if (node.empty()) return R"({"error":"no such download"})";
+        discardInstaller(std::move(node.mapped()));
         return "{}";
     }
     if (command == "temp") {
