@@ -77,7 +77,7 @@ if(WIN32)
     set_target_properties(account_plugin PROPERTIES PREFIX "" OUTPUT_NAME UserInfo
         LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/account-plugin)
     target_link_libraries(account_plugin PRIVATE ravelin_options)
-    include(cmake/next_version.cmake)
+    include(cmake/other_versions.cmake)
     file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
     if(wine_tools)
         add_subdirectory(tests/wine)
