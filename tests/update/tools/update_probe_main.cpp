@@ -8,11 +8,18 @@
 //   temp PATH                  where temporary files go from here on
 //   trust FILE                 adds a certificate to the user's trusted roots
 //   hold PATH                  opens a file so that nobody else can, until `release`
+//   keep PATH                  opens a file so that it can be written but not moved, the same
 //   handles                    how many handles the process holds
+//   value HIVE KEY | NAME      a text of the registry, HIVE being HKLM or HKCU
+//   forget HIVE KEY            deletes a key of the registry
+//   parent PROCESS             the executable's name of the process that started this one
+//   running NAME               how many processes run an executable of that name
 #include <windows.h>
-// Needs the types of windows.h.
+// These need the types of windows.h.
+#include <tlhelp32.h>
 #include <wincrypt.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -20,6 +27,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "support/text.h"
 #include "support/utf.h"
@@ -81,6 +89,49 @@ std::string trust(const std::string& path) {
     return std::string(R"({"trusted":)") + (added ? "true}" : "false}");
 }
 
+// What the text begins with and is cut off.
+HKEY takeHive(std::istringstream& words) {
+    std::string name;
+    words >> name;
+    return name == "HKLM" ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+std::string value(std::istringstream& words) {
+    const HKEY hive = takeHive(words);
+    const std::string place = rest(words);
+    const std::size_t bar = place.find(" | ");
+    wchar_t text[1024] = {};
+    DWORD bytes = sizeof text;
+    if (RegGetValueW(hive, widen(place.substr(0, bar)).c_str(),
+                     widen(place.substr(bar + 3)).c_str(), RRF_RT_REG_SZ | RRF_SUBKEY_WOW6464KEY,
+                     nullptr, text, &bytes) != ERROR_SUCCESS)
+        return "{}";
+    return R"({"value":)" + jsonQuote(narrow(text)) + "}";
+}
+
+struct Process {
+    DWORD id = 0;
+    DWORD parent = 0;
+    std::string name;
+};
+
+std::vector<Process> processes() {
+    const FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    std::vector<Process> all;
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot.get(), &entry); more;
+         more = Process32NextW(snapshot.get(), &entry))
+        all.push_back({entry.th32ProcessID, entry.th32ParentProcessID, narrow(entry.szExeFile)});
+    return all;
+}
+
+Process processOf(DWORD id) {
+    for (const Process& process : processes())
+        if (process.id == id) return process;
+    return {};
+}
+
 std::string answer(const std::string& line) {
     std::istringstream words(line);
     std::string command;
@@ -109,9 +160,33 @@ std::string answer(const std::string& line) {
                                FILE_ATTRIBUTE_NORMAL, nullptr));
         return held ? "{}" : R"({"error":"cannot open"})";
     }
+    if (command == "keep") {
+        held.reset(CreateFileW(widen(rest(words)).c_str(), GENERIC_READ,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
+        return held ? "{}" : R"({"error":"cannot open"})";
+    }
     if (command == "release") {
         held.reset();
         return "{}";
+    }
+    if (command == "value") return value(words);
+    if (command == "forget") {
+        const HKEY hive = takeHive(words);
+        RegDeleteKeyExW(hive, widen(rest(words)).c_str(), KEY_WOW64_64KEY, 0);
+        return "{}";
+    }
+    if (command == "parent") {
+        DWORD process = 0;
+        words >> process;
+        return R"({"parent":)" + jsonQuote(processOf(processOf(process).parent).name) + "}";
+    }
+    if (command == "running") {
+        const std::string name = rest(words);
+        const std::vector<Process> all = processes();
+        const auto count = std::count_if(all.begin(), all.end(),
+                                         [&](const Process& one) { return one.name == name; });
+        return R"({"running":)" + std::to_string(count) + "}";
     }
     if (command == "handles") {
         DWORD count = 0;
