@@ -43,6 +43,6 @@ tests=("$@")
 status=0
 for file in "${tests[@]}"; do
     echo "# $file"
-    timeout --kill-after=10 400 node --test "$file" || status=$?
+    timeout --kill-after=10 600 node --test "$file" || status=$?
 done
 exit "$status"

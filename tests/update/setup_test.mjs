@@ -1,11 +1,10 @@
 // Where the setup program puts things and what it says. How its runs end is in setup_runs_test.mjs.
 import assert from 'node:assert/strict';
-import { execFileSync } from 'node:child_process';
 import { readFileSync, renameSync, rmSync, statSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, before, beforeEach } from 'node:test';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
-import { prefix, runToEnd } from '../e2e/lib/wine.mjs';
+import { prefix } from '../e2e/lib/wine.mjs';
 import { untilWindow, windowState } from '../e2e/lib/windows.mjs';
 import { Probe } from './lib/probe.mjs';
 import { productOf } from './lib/product.mjs';
@@ -89,7 +88,7 @@ const browserKey = 'Software\\Microsoft\\EdgeUpdate\\Clients\\{F3017226-FE2A-429
 
 test('the wizard tells the licence, which runtimes are missing and where to get them', async () => {
     const library = path.join(prefix, 'drive_c/windows/system32/vcruntime140_1.dll');
-    await runToEnd('reg', ['delete', `HKCU\\${browserKey}`, '/f']);
+    await probe.send('forget', 'HKCU', browserKey);
     renameSync(library, `${library}.away`);
     try {
         const { code, shown } = await setupWizard(setup, {}, { pictures: 'setup' });
@@ -105,13 +104,13 @@ test('the wizard tells the licence, which runtimes are missing and where to get 
 });
 
 test('the wizard says nothing of runtimes that are there', async () => {
-    await runToEnd('reg', ['add', `HKCU\\${browserKey}`, '/v', 'pv', '/d', '120.0.2210.91', '/f']);
+    await probe.send('set', 'HKCU', `${browserKey} | pv | 120.0.2210.91`);
     try {
         const { code, names } = await setupWizard(setup);
         assert.equal(code, 0);
         assert.deepEqual(names, ['welcome', 'scope', 'folder', 'finish']);
     } finally {
-        await runToEnd('reg', ['delete', `HKCU\\${browserKey}`, '/f']);
+        await probe.send('forget', 'HKCU', browserKey);
     }
 });
 

@@ -4,7 +4,7 @@ import { existsSync, mkdirSync, rmSync, statSync, symlinkSync, writeFileSync } f
 import path from 'node:path';
 import test, { after, before, beforeEach } from 'node:test';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
-import { dataFolder, prefix, runToEnd, within } from '../e2e/lib/wine.mjs';
+import { dataFolder, prefix, within } from '../e2e/lib/wine.mjs';
 import { untilWindow } from '../e2e/lib/windows.mjs';
 import { Probe } from './lib/probe.mjs';
 import { contentsOf, filesIn, installed, makeSetup, registryValue, removeAll, roaming, runSetup, scopes, silently, uninstall, uninstallInPlace } from './lib/setup.mjs';
@@ -29,8 +29,8 @@ after(async () => {
 });
 beforeEach(async () => {
     await removeAll(probe, setup);
-    await runToEnd('reg', ['delete', `HKCU\\${runKey}`, '/v', 'Ravelin', '/f']);
-    await runToEnd('reg', ['delete', `HKU\\${otherUser}`, '/f']);
+    await probe.send('forget', 'HKCU', `${runKey} | Ravelin`);
+    await probe.send('forget', 'HKU', otherUser);
     for (const folder of [profile, dataFolder(), path.join(prefix, 'drive_c/users/other')]) rmSync(folder, { recursive: true, force: true });
     fill(path.join(profile, 'EBWebView'), 'Cache');
     fill(dataFolder(), 'session.dat');
@@ -45,8 +45,8 @@ async function install(scope, which = setup) {
     assert.equal(await runSetup(which, ...silently, scope), 0);
 }
 
-async function startAtLogOn(executable, user = 'HKCU') {
-    await runToEnd('reg', ['add', `${user}\\${runKey}`, '/v', 'Ravelin', '/d', `"${executable}"`, '/f']);
+async function startAtLogOn(executable, hive = 'HKCU', below = '') {
+    await probe.send('set', hive, `${below}${runKey} | Ravelin | "${executable}"`);
 }
 
 const logOnEntry = () => registryValue(probe, 'HKCU', runKey, 'Ravelin');
@@ -87,14 +87,13 @@ test('a log-on entry of another folder\'s Ravelin stays', async () => {
 
 test('from everyone\'s machine it goes for every user who is logged on', async () => {
     await install('/ALLUSERS');
-    await startAtLogOn(`${everyone.windowsFolder}\\Ravelin.exe`, `HKU\\${otherUser}`);
-    await runToEnd('reg', ['add', `HKU\\${otherUser}\\Volatile Environment`, '/v', 'APPDATA', '/d', 'C:\\users\\other\\AppData\\Roaming', '/f']);
+    await startAtLogOn(`${everyone.windowsFolder}\\Ravelin.exe`, 'HKU', `${otherUser}\\`);
+    await probe.send('set', 'HKU', `${otherUser}\\Volatile Environment | APPDATA | C:\\users\\other\\AppData\\Roaming`);
     fill(path.join(otherRoaming, 'Ravelin.exe/EBWebView'), 'Cache');
     fill(path.join(otherRoaming, 'Another.exe'), 'Cache');
     await uninstall(probe, everyone.windowsFolder, '/ALLUSERS');
     await assertGone('/ALLUSERS');
-    const { output } = await runToEnd('reg', ['query', `HKU\\${otherUser}\\${runKey}`]);
-    assert.doesNotMatch(output, /Ravelin/);
+    assert.equal(await registryValue(probe, 'HKU', `${otherUser}\\${runKey}`, 'Ravelin'), undefined);
     assert.deepEqual(filesIn(otherRoaming), ['Another.exe/Cache']);
 });
 

@@ -1,7 +1,7 @@
 // Setup programs for this build and the versions that follow it, and what they leave on the machine.
 import { execFileSync } from 'node:child_process';
 import { createHash } from 'node:crypto';
-import { appendFileSync, copyFileSync, cpSync, existsSync, mkdirSync, readFileSync, readdirSync, rmSync, statSync, symlinkSync } from 'node:fs';
+import { appendFileSync, copyFileSync, cpSync, existsSync, mkdirSync, readFileSync, readdirSync, rmSync, statSync, symlinkSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { prefix, programFolder, root, runToEnd, scratch, toolFolder, until, windowsPath } from '../../e2e/lib/wine.mjs';
 import { productOf } from './product.mjs';
@@ -51,16 +51,21 @@ function withAccountSwitch() {
 export function makeSetup(name, { account = false, options = [] } = {}) {
     const { version, installId } = productOf(name === 'this' ? undefined : name);
     const program = programOf(name);
-    const variant = account || options.length > 0 ? '-variant' : '';
+    const variant = [account ? '-account' : '', ...options].join('');
     const setup = {
         name, version, program, title: `Ravelin Home ${version} Setup`,
         key: `Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\${installId}_is1`,
         file: path.join(folder, `ravelin-setup-${version}${variant}.exe`),
     };
-    const generated = path.join(toolFolder, name === 'this' ? 'generated' : `generated-${name}`);
-    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'),
-        [path.join(generated, 'product.nsh'), path.join(toolFolder, 'setup-plugin'), program, setup.file, '-DQUICKLY', ...options],
+    const generated = path.join(toolFolder, name === 'this' ? 'generated' : `generated-${name}`, 'product.nsh');
+    const plugin = path.join(toolFolder, 'setup-plugin');
+    // Made again by the next test file only when something that goes into it has changed.
+    const inputs = JSON.stringify([options, account, readFileSync(generated, 'utf8'),
+        ...[path.join(root, 'packaging'), plugin, program, path.join(toolFolder, 'account-plugin')].map((where) => contentsOf(where, 'node_modules'))]);
+    if (existsSync(setup.file) && existsSync(`${setup.file}.inputs`) && readFileSync(`${setup.file}.inputs`, 'utf8') === inputs) return setup;
+    execFileSync(path.join(root, 'packaging/setup/make_setup.sh'), [generated, plugin, program, setup.file, '-DQUICKLY', ...options],
         { timeout: 300_000, env: { ...process.env, ...(account ? { NSISDIR: withAccountSwitch() } : {}) } });
+    writeFileSync(`${setup.file}.inputs`, inputs);
     return setup;
 }
 
@@ -98,10 +103,10 @@ export function filesIn(where) {
         .sort();
 }
 
-/** The same with the folders and what is in each file. */
-export function contentsOf(where) {
+/** The same with the folders and what is in each file; one folder may be left out. */
+export function contentsOf(where, but) {
     if (!existsSync(where)) return {};
-    return Object.fromEntries(readdirSync(where, { recursive: true }).sort().map((name) => {
+    return Object.fromEntries(readdirSync(where, { recursive: true }).filter((name) => name.split('/')[0] !== but).sort().map((name) => {
         const file = path.join(where, name);
         return [name, statSync(file).isFile() ? createHash('sha256').update(readFileSync(file)).digest('hex') : 'folder'];
     }));

@@ -2,6 +2,9 @@
 import { screenshot, start, until, windowsPath, within } from '../../e2e/lib/wine.mjs';
 import { windowTool } from '../../e2e/lib/windows.mjs';
 
+/** What chooses a scope on the page of that name. */
+export const chosen = { '/ALLUSERS': 1201, '/CURRENTUSER': 1202 };
+
 /** Buttons of dialogs. */
 export const ok = 1, cancel = 2, yes = 6, no = 7;
 

@@ -10,8 +10,9 @@
 //   hold PATH                  opens a file so that nobody else can, until `release`
 //   keep PATH                  opens a file so that it can be written but not moved, the same
 //   handles                    how many handles the process holds
-//   value HIVE KEY | NAME      a text of the registry, HIVE being HKLM or HKCU
-//   forget HIVE KEY            deletes a key of the registry
+//   value HIVE KEY | NAME      a text of the registry, HIVE being HKLM, HKCU or HKU
+//   set HIVE KEY | NAME | TEXT   writes one
+//   forget HIVE KEY [| NAME]   deletes a key with all below it, or a value
 //   parent PROCESS             the executable's name of the process that started this one
 //   running NAME               how many processes run an executable of that name
 #include <windows.h>
@@ -93,20 +94,58 @@ std::string trust(const std::string& path) {
 HKEY takeHive(std::istringstream& words) {
     std::string name;
     words >> name;
+    if (name == "HKU") return HKEY_USERS;
     return name == "HKLM" ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+// What stands between bars.
+std::vector<std::wstring> parts(std::istringstream& words) {
+    const std::wstring bar = L" | ";
+    std::wstring text = widen(rest(words));
+    std::vector<std::wstring> all;
+    for (std::size_t at = text.find(bar); at != std::wstring::npos; at = text.find(bar)) {
+        all.push_back(text.substr(0, at));
+        text.erase(0, at + bar.size());
+    }
+    all.push_back(text);
+    return all;
 }
 
 std::string value(std::istringstream& words) {
     const HKEY hive = takeHive(words);
-    const std::string place = rest(words);
-    const std::size_t bar = place.find(" | ");
+    const auto place = parts(words);
     wchar_t text[1024] = {};
     DWORD bytes = sizeof text;
-    if (RegGetValueW(hive, widen(place.substr(0, bar)).c_str(),
-                     widen(place.substr(bar + 3)).c_str(), RRF_RT_REG_SZ | RRF_SUBKEY_WOW6464KEY,
-                     nullptr, text, &bytes) != ERROR_SUCCESS)
+    if (RegGetValueW(hive, place.at(0).c_str(), place.at(1).c_str(),
+                     RRF_RT_REG_SZ | RRF_SUBKEY_WOW6464KEY, nullptr, text, &bytes) != ERROR_SUCCESS)
         return "{}";
     return R"({"value":)" + jsonQuote(narrow(text)) + "}";
+}
+
+void setValue(std::istringstream& words) {
+    const HKEY hive = takeHive(words);
+    const auto place = parts(words);
+    RegistryKey key;
+    RegCreateKeyExW(hive, place.at(0).c_str(), 0, nullptr, 0, KEY_WRITE | KEY_WOW64_64KEY, nullptr,
+                    key.put(), nullptr);
+    const std::wstring& text = place.at(2);
+    RegSetValueExW(key.get(), place.at(1).c_str(), 0, REG_SZ,
+                   reinterpret_cast<const BYTE*>(text.c_str()),
+                   static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+}
+
+void forget(std::istringstream& words) {
+    const HKEY hive = takeHive(words);
+    const auto place = parts(words);
+    RegistryKey key;
+    RegOpenKeyExW(hive, place.at(0).c_str(), 0, KEY_ALL_ACCESS | KEY_WOW64_64KEY, key.put());
+    if (!key) return;
+    if (place.size() > 1) {
+        RegDeleteValueW(key.get(), place.at(1).c_str());
+    } else {
+        RegDeleteTreeW(key.get(), nullptr);
+        RegDeleteKeyExW(hive, place.at(0).c_str(), KEY_WOW64_64KEY, 0);
+    }
 }
 
 struct Process {
@@ -171,9 +210,12 @@ std::string answer(const std::string& line) {
         return "{}";
     }
     if (command == "value") return value(words);
+    if (command == "set") {
+        setValue(words);
+        return "{}";
+    }
     if (command == "forget") {
-        const HKEY hive = takeHive(words);
-        RegDeleteKeyExW(hive, widen(rest(words)).c_str(), KEY_WOW64_64KEY, 0);
+        forget(words);
         return "{}";
     }
     if (command == "parent") {
