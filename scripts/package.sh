@@ -85,7 +85,10 @@ list_digests() {
 }
 
 must 'install' scripts/install.sh
-[ "$trial" = yes ] || must 'release configuration' check_release
+if [ "$trial" = no ]; then
+    must 'release configuration' check_release
+    must 'licences' node packaging/third_party.mjs --check
+fi
 must 'page' build_page
 must 'windows program' build_windows
 version=$(product version)

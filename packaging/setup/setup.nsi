@@ -205,11 +205,15 @@ Function .onInstFailed
     Call StartAfterUpdate
 FunctionEnd
 
-; $0 says whether the version that is installed, then $1, is newer than this one.
+; $0 says whether the version that is installed, then $1, is newer than this one. A record may be left
+; of a program that somebody deleted by hand.
 Function FindNewer
+    StrCpy $0 0
     ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
-    RavelinSetup::isNewer "$1" "${VERSION}"
-    Pop $0
+    ${If} ${FileExists} "$INSTDIR\${EXECUTABLE}"
+        RavelinSetup::isNewer "$1" "${VERSION}"
+        Pop $0
+    ${EndIf}
 FunctionEnd
 
 Function AskBeforeGoingBack

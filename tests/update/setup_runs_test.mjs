@@ -40,6 +40,13 @@ for (const scope of Object.keys(scopes)) {
         });
     }
 
+    test(`${scope} over the record of a newer version that was deleted by hand, as an update: 0`, async () => {
+        await install(newer, scope);
+        rmSync(scopes[scope].folder, { recursive: true });
+        assert.equal(await runSetup(made[run], ...asUpdate, scope), 0);
+        await assertLeft(scope, run);
+    });
+
     test(`${scope} over a running version, silently: closes it, 0`, async () => {
         await install(older, scope);
         const running = await open(scope);
