@@ -40,7 +40,7 @@ void UpdateWorker::start(const UpdatePage& page, const std::string& callId) {
 void UpdateWorker::stop() {
     cancel();
     if (thread_.joinable()) thread_.join();
-    if (!waitingInstaller_.empty()) steps_.discard(std::exchange(waitingInstaller_, {}));
+    if (waitingInstaller_) steps_.discard(std::exchange(waitingInstaller_, {}));
 }
 
 void UpdateWorker::giveUp(const UpdatePage& page, const std::string& callId,
@@ -72,8 +72,10 @@ void UpdateWorker::run(const UpdatePage& page, const std::string& callId) {
 void UpdateWorker::handOver(const UpdatePage& page, const std::string& callId) {
     // The view runs what is left in its queue while it closes.
     if (cancelled_) return;
-    const std::string failure = steps_.launch(std::exchange(waitingInstaller_, {}));
+    HeldInstaller installer = std::exchange(waitingInstaller_, {});
+    const std::string failure = steps_.launch(installer);
     if (failure.empty()) {
+        startedInstaller_ = std::move(installer);
         page.endLoop();
     } else {
         giveUp(page, callId, failure);

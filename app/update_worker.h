@@ -8,9 +8,8 @@
 #include <thread>
 #include <utility>
 
-#include "updater/download_meter.h"
-#include "updater/manifest.h"
 #include "updater/update_check.h"
+#include "updater/update_download.h"
 
 namespace ravelin {
 
@@ -18,12 +17,12 @@ namespace ravelin {
 struct UpdateSteps {
     std::function<UpdateCheckResult()> check;
     std::function<std::string(const UpdateManifestInfo& manifest, const ProgressSink& sink,
-                              std::wstring& installerPath)>
+                              HeldInstaller& installer)>
         download;
-    // Called on the user-interface thread.
-    std::function<std::string(const std::wstring& installerPath)> launch;
+    // Called on the user-interface thread. The installer stays held when it was started.
+    std::function<std::string(HeldInstaller& installer)> launch;
     // Removes an installer that nobody will start.
-    std::function<void(const std::wstring& installerPath)> discard;
+    std::function<void(HeldInstaller installer)> discard;
 };
 
 // The page that asked.
@@ -69,7 +68,10 @@ class UpdateWorker {
     std::thread thread_;
     // Downloaded and waiting for its start. Written by the worker before it dispatches the
     // hand-over, read by the user-interface thread there or after the worker's end.
-    std::wstring waitingInstaller_;
+    HeldInstaller waitingInstaller_;
+    // A setup program opens its own file again when it begins to work. Held until this program has
+    // ended, nothing else can be there by then.
+    HeldInstaller startedInstaller_;
 };
 
 }  // namespace ravelin

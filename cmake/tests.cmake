@@ -49,7 +49,8 @@ if(WIN32)
     # The real desktop, so of what the test programs share only what runs without a simulated one.
     ravelin_test_program(ravelin_windows_tests
         SOURCES ${windows_test_sources} tests/support/engine_defaults.cpp
-        LIBRARIES ravelin_windows ravelin_core ravelin_windows ravelin_resources GTest::gmock)
+        LIBRARIES ravelin_setup_parts ravelin_windows ravelin_core ravelin_windows ravelin_resources
+            GTest::gmock)
     compile_fast(ravelin_windows_tests <windows.h>)
     file(GLOB windows_benches CONFIGURE_DEPENDS tests/bench/windows/*_main.cpp)
     foreach(source ${windows_benches})
@@ -71,7 +72,12 @@ if(WIN32)
         LIBRARIES ravelin_windows ravelin_core ravelin_windows)
     ravelin_test_program(stand_in_installer SOURCES tests/update/tools/stand_in_installer_main.cpp
         LIBRARIES ravelin_options)
-    include(cmake/next_version.cmake)
+    # In place of the setup program's plug-in of that name.
+    add_library(account_plugin MODULE tests/update/tools/account_plugin.cpp)
+    set_target_properties(account_plugin PROPERTIES PREFIX "" OUTPUT_NAME UserInfo
+        LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/account-plugin)
+    target_link_libraries(account_plugin PRIVATE ravelin_options)
+    include(cmake/other_versions.cmake)
     file(GLOB wine_tools CONFIGURE_DEPENDS tests/wine/CMakeLists.txt)
     if(wine_tools)
         add_subdirectory(tests/wine)

@@ -25,11 +25,21 @@ build_windows() {
     build_preset windows && assemble_program
 }
 
+# The files of packaging/files.txt. The executable's symbols go into a file of their own, beside the
+# folder: debuggers find it by the name and digest that the executable keeps.
 assemble_program() {
-    local out="$BUILD/windows"
+    local out="$BUILD/windows" program="$BUILD/windows-objects/Ravelin.exe"
     mkdir -p "$out/ui/vendor" &&
-        cp -u "$BUILD/windows-objects/Ravelin.exe" "$out/" &&
+        { [ "$out/Ravelin.exe" -nt "$program" ] || strip_program "$program" "$out/Ravelin.exe" "$BUILD/Ravelin.debug"; } &&
         cp -u packaging/node_modules/webview-bun/build/libwebview.dll "$out/" &&
         cp -u "$BUILD/page/index.html" "$out/ui/" &&
-        cp -u "$BUILD/page/vendor/Sortable.min.js" "$out/ui/vendor/"
+        cp -u "$BUILD/page/vendor/Sortable.min.js" "$out/ui/vendor/" &&
+        cp -u LICENSE "$out/LICENSE.txt" &&
+        cp -u THIRD-PARTY.txt "$out/"
+}
+
+# strip_program PROGRAM STRIPPED SYMBOLS
+strip_program() {
+    x86_64-w64-mingw32-objcopy --only-keep-debug "$1" "$3" &&
+        x86_64-w64-mingw32-objcopy --strip-all --add-gnu-debuglink="$3" "$1" "$2"
 }

@@ -62,7 +62,7 @@ for name in 'wine desktop' 'browser tests' 'unit tests (wine)' 'windows tests' '
     fi
 done
 # Mostly waiting, as are those after it, and with a prefix and a display of its own.
-beside 'update tests' timeout -k 10 900 tests/update/run_tests.sh
+beside 'update tests' timeout -k 10 1800 tests/update/run_tests.sh
 step 'browser tests' browser_tests
 step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests

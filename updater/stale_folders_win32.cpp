@@ -5,6 +5,7 @@
 
 #include "support/win32_handles.h"
 #include "updater/admin_only_security_win32.h"
+#include "updater/file_hold_win32.h"
 #include "updater/stale_folders.h"
 #include "updater/temporary_folder.h"
 
@@ -32,12 +33,23 @@ bool belongsTo(const std::wstring& folder, const std::function<bool(PSID)>& want
     return owner != nullptr && wanted(owner);
 }
 
-void removeFolderOfFiles(const std::wstring& folder) {
+void deleteFilesIn(const std::wstring& folder) {
     forEachEntry(folder + L"\\*", [&](const WIN32_FIND_DATAW& entry) {
         // "." and ".." are folders as well.
         if (isRealFile(entry.dwFileAttributes))
             DeleteFileW((folder + L'\\' + entry.cFileName).c_str());
     });
+}
+
+// Everything goes by the folder's path. While the folder is held, a link cannot take its place
+// between the look at its owner and the deletion of what is in it.
+void sweepFolder(const std::wstring& folder, const std::function<bool(PSID)>& maySweep) {
+    {
+        const FileHandle held = holdFolder(folder);
+        if (!held || !belongsTo(folder, maySweep)) return;
+        deleteFilesIn(folder);
+    }
+    // Removes an empty folder or a link itself, so what stands there by now does no harm.
     RemoveDirectoryW(folder.c_str());
 }
 
@@ -52,8 +64,7 @@ void sweepUpdateFolders(const std::wstring& temporaryFolder,
                         const std::function<bool(PSID owner)>& maySweep) {
     forEachEntry(temporaryFolder + L"Ravelin-update-*", [&](const WIN32_FIND_DATAW& entry) {
         if (!isRealFolder(entry.dwFileAttributes)) return;
-        const std::wstring folder = temporaryFolder + entry.cFileName;
-        if (belongsTo(folder, maySweep)) removeFolderOfFiles(folder);
+        sweepFolder(temporaryFolder + entry.cFileName, maySweep);
     });
 }
 

@@ -12,7 +12,7 @@ namespace ravelin {
 bool isAdministratorsGroup(PSID owner);
 
 // Sweeps below this folder (with its trailing backslash) what belongs to an owner that may be
-// swept.
+// swept. A folder that somebody has open to delete or rename it stays.
 void sweepUpdateFolders(const std::wstring& temporaryFolder,
                         const std::function<bool(PSID owner)>& maySweep);
 

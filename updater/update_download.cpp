@@ -64,7 +64,7 @@ class DownloadFolder {
 }  // namespace
 
 std::string downloadAndVerify(const UpdateManifestInfo& manifest, const ProgressSink& sink,
-                              std::wstring& installerPath, const DownloadMachine& machine) {
+                              HeldInstaller& installer, const DownloadMachine& machine) {
     if (!manifest.url.starts_with(httpsPrefix)) return badLink;
     const auto temporaryFolder = machine.temporaryFolder();
     if (!temporaryFolder) return noTemporaryFolder;
@@ -76,10 +76,14 @@ std::string downloadAndVerify(const UpdateManifestInfo& manifest, const Progress
     DownloadFolder folder(machine, path);
     if (!machine.prepareFileSecurity()) return noFileSecurity;
     if (!machine.download(manifest.url, folder.installer(), sink)) return noDownload;
-    const std::string digest = machine.fileDigest(folder.installer());
+    // What is held from before its digest is known is still the same file when it is started. Goes
+    // before the folder does, as nothing that is held can be deleted.
+    HeldInstaller held(folder.installer(), machine.holdFile(folder.installer()));
+    if (!held) return wrongDigest;
+    const std::string digest = machine.fileDigest(held.path());
     if (digest.empty() || digest != lowered(manifest.sha256)) return wrongDigest;
     folder.keep();
-    installerPath = folder.installer();
+    installer = std::move(held);
     return {};
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "updater/admin_only_security_win32.h"
+#include "updater/file_hold_win32.h"
 #include "updater/hash.h"
 #include "updater/https_win32.h"
 #include "updater/random_bytes.h"
@@ -19,6 +20,8 @@ bool createSecureFolder(const std::wstring& folder) {
     return security && CreateDirectoryW(folder.c_str(), &security.attributes());
 }
 
+}  // namespace
+
 DownloadMachine thisMachine() {
     const auto fileSecurity = std::make_shared<std::optional<AdminOnlySecurity>>();
     return {
@@ -32,22 +35,22 @@ DownloadMachine thisMachine() {
         [fileSecurity](const std::string& url, const std::wstring& path, const ProgressSink& sink) {
             return DownloadToFile(url, path, (*fileSecurity)->attributes(), sink);
         },
+        holdFile,
         FileSha256Hex,
         [](const std::wstring& path) { DeleteFileW(path.c_str()); },
         [](const std::wstring& path) { RemoveDirectoryW(path.c_str()); },
     };
 }
 
-}  // namespace
-
 std::string DownloadAndVerify(const UpdateManifestInfo& manifest, const ProgressSink& sink,
-                              std::wstring& installerPath) {
-    return downloadAndVerify(manifest, sink, installerPath, thisMachine());
+                              HeldInstaller& installer) {
+    return downloadAndVerify(manifest, sink, installer, thisMachine());
 }
 
-void discardInstaller(const std::wstring& installerPath) {
-    DeleteFileW(installerPath.c_str());
-    RemoveDirectoryW(installerPath.substr(0, installerPath.find_last_of(L'\\')).c_str());
+void discardInstaller(HeldInstaller installer) {
+    const std::wstring path = installer.release();
+    DeleteFileW(path.c_str());
+    RemoveDirectoryW(path.substr(0, path.find_last_of(L'\\')).c_str());
 }
 
 }  // namespace ravelin

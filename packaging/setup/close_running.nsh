@@ -1,21 +1,37 @@
 ; Finds and closes every process of the program in $INSTDIR, its panels' among them.
 
 !define PROCESS_ACCESS 0x101001 ; terminate, ask for the path, wait
-!define MOST_PROCESSES 4096
+; How many there is room for at first; a list that fills it is asked for again with more room.
+!define /ifndef MOST_PROCESSES 1024
 
 Var Running ; how many there are
 
 ; For setup (empty prefix) and for the uninstaller ("un.").
 !macro CloseRunningFunctions prefix
 
+; Gives the ids of all processes in memory at $R3, to be freed, and their number in $R4.
+Function ${prefix}ListProcesses
+    StrCpy $R5 ${MOST_PROCESSES}
+    ${Do}
+        IntOp $R6 $R5 * 4
+        System::Alloc $R6
+        Pop $R3
+        StrCpy $R4 0
+        System::Call 'psapi::EnumProcesses(p R3, i R6, *i .R4)'
+        ${If} $R4 < $R6
+            IntOp $R4 $R4 / 4
+            Return
+        ${EndIf}
+        System::Free $R3
+        IntOp $R5 $R5 * 2
+    ${Loop}
+FunctionEnd
+
 ; Calls a function of this file for every process of the program, with its handle in $R0 and its id
 ; in $R1, and leaves their number in $Running. $R2 names what is to be done: "" for nothing.
 Function ${prefix}ForEachRunning
     StrCpy $Running 0
-    System::Alloc ${MOST_PROCESSES}
-    Pop $R3
-    System::Call 'psapi::EnumProcesses(p R3, i ${MOST_PROCESSES}, *i .R4)'
-    IntOp $R4 $R4 / 4
+    Call ${prefix}ListProcesses
     IntOp $R4 $R4 - 1
     ${ForEach} $R5 0 $R4 + 1
         IntOp $R6 $R5 * 4
@@ -61,11 +77,8 @@ Function ${prefix}CountRunning
     Call ${prefix}ForEachRunning
 FunctionEnd
 
-; Asks them to close, waits up to ten seconds, and ends those that are still there.
-Function ${prefix}CloseRunning
-    DetailPrint "Closing Ravelin"
-    StrCpy $R2 "ask"
-    Call ${prefix}ForEachRunning
+; Waits up to ten seconds for their end and leaves the number of those that are still there.
+Function ${prefix}AwaitEnd
     ${For} $0 1 100
         Call ${prefix}CountRunning
         ${If} $Running = 0
@@ -73,8 +86,18 @@ Function ${prefix}CloseRunning
         ${EndIf}
         Sleep 100
     ${Next}
-    StrCpy $R2 "end"
+FunctionEnd
+
+; Asks them to close, waits, and ends those that are still there.
+Function ${prefix}CloseRunning
+    DetailPrint "Closing Ravelin"
+    StrCpy $R2 "ask"
     Call ${prefix}ForEachRunning
+    Call ${prefix}AwaitEnd
+    ${If} $Running <> 0
+        StrCpy $R2 "end"
+        Call ${prefix}ForEachRunning
+    ${EndIf}
 FunctionEnd
 
 !macroend

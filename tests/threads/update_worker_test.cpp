@@ -94,21 +94,23 @@ class UpdateWorkerTest : public testing::Test {
                 return result;
             },
             [this](const UpdateManifestInfo& manifest, const ProgressSink& sink,
-                   std::wstring& installerPath) -> std::string {
+                   HeldInstaller& installer) -> std::string {
                 ++downloads;
                 EXPECT_EQ(manifest.version, "1.0.2");
                 sinkAnswers.push_back(sink(0, 50));
                 onDownload();
                 sinkAnswers.push_back(sink(50, 50));
                 if (!downloadFailure.empty()) return downloadFailure;
-                installerPath = L"T:\\folder\\installer.exe";
+                installer = HeldInstaller(L"T:\\folder\\installer.exe", hold);
                 return {};
             },
-            [this](const std::wstring& path) {
-                launched.push_back(path);
+            [this](HeldInstaller& installer) {
+                EXPECT_TRUE(installer);
+                launched.push_back(installer.path());
+                if (!launchFailure.empty()) installer.release();
                 return launchFailure;
             },
-            [this](const std::wstring& path) { discarded.push_back(path); },
+            [this](HeldInstaller installer) { discarded.push_back(installer.release()); },
         };
     }
 
@@ -124,6 +126,8 @@ class UpdateWorkerTest : public testing::Test {
         cancelled_.get_future().wait();
     }
 
+    bool isHeld() const { return hold.use_count() > 1; }
+
     std::vector<std::string> scripts() {
         const std::lock_guard lock(mutex_);
         return scripts_;
@@ -132,6 +136,8 @@ class UpdateWorkerTest : public testing::Test {
     bool available = true;
     std::string downloadFailure;
     std::string launchFailure;
+    // Stands for the handle; every holder has a copy.
+    const std::shared_ptr<void> hold = std::make_shared<int>();
     std::function<void()> onCheck = [] {};
     std::function<void()> onDownload = [] {};
 
@@ -163,6 +169,18 @@ TEST_F(UpdateWorkerTest, AnUpdateReportsHandsOverAndEndsTheLoop) {
     EXPECT_TRUE(page.settled.empty());
 }
 
+TEST_F(UpdateWorkerTest, TheInstallerIsHeldUntilTheProgramEnds) {
+    onDownload = [&] { EXPECT_FALSE(isHeld()); };
+    worker->start(page.page(), "1");
+    page.runUntil([&] { return page.loopEnded; });
+    EXPECT_TRUE(isHeld());
+    worker->stop();
+    EXPECT_TRUE(isHeld());
+    worker.reset();
+    EXPECT_FALSE(isHeld());
+    EXPECT_TRUE(discarded.empty());
+}
+
 TEST_F(UpdateWorkerTest, AnUpdateThatIsGoneSettlesTheCall) {
     available = false;
     worker->start(page.page(), "7");
@@ -187,6 +205,7 @@ TEST_F(UpdateWorkerTest, AnInstallerThatDoesNotStartSettlesTheCallAndTheProgramG
     page.runUntilSettled();
     EXPECT_EQ(page.settled, (std::vector<std::string>{"7 \"" + launchFailure + "\""}));
     EXPECT_FALSE(page.loopEnded);
+    EXPECT_FALSE(isHeld());
     worker->stop();
     EXPECT_TRUE(discarded.empty());
 }
@@ -258,6 +277,7 @@ TEST_F(UpdateWorkerTest, CancelledAfterTheDownloadItRemovesTheInstaller) {
     page.drain();
     EXPECT_TRUE(launched.empty());
     EXPECT_EQ(discarded, (std::vector<std::wstring>{L"T:\\folder\\installer.exe"}));
+    EXPECT_FALSE(isHeld());
     EXPECT_EQ(scripts().size(), 1U);
     EXPECT_TRUE(page.settled.empty());
 }
@@ -271,6 +291,7 @@ TEST_F(UpdateWorkerTest, AHandOverThatIsLateForTheLoopStartsNothing) {
     page.drain();
     EXPECT_TRUE(launched.empty());
     EXPECT_EQ(discarded, (std::vector<std::wstring>{L"T:\\folder\\installer.exe"}));
+    EXPECT_FALSE(isHeld());
     EXPECT_FALSE(page.loopEnded);
     EXPECT_TRUE(page.settled.empty());
 }

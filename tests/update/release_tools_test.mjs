@@ -7,7 +7,7 @@ import path from 'node:path';
 import test, { after, before } from 'node:test';
 import { build, root, runToEnd, scratch, windowsPath } from '../e2e/lib/wine.mjs';
 import { Probe } from './lib/probe.mjs';
-import { apiHost, tier, unrelatedHost, webHost } from './lib/product.mjs';
+import { apiHost, productOf, tier, unrelatedHost, webHost } from './lib/product.mjs';
 
 const tools = path.join(root, 'packaging');
 const folder = path.join(scratch, 'release');
@@ -64,7 +64,7 @@ test('two vectors files are signed with two keys', () => {
 const installer = path.join(folder, 'setup.exe');
 const manifest = path.join(folder, 'manifest.json');
 const good = {
-    key: path.join(build, 'update-key/private.pem'), installer, tier, version: '1.0.2',
+    key: path.join(build, 'update-key/private.pem'), installer, tier, version: productOf('next').version,
     url: `https://${webHost}/download/setup.exe`, out: manifest,
 };
 
@@ -88,9 +88,30 @@ test('the program accepts a manifest that is signed for it', async () => {
     assert.equal(status, 0, stderr);
     const result = await check();
     assert.equal(result.available, true);
-    assert.deepEqual([result.version, result.url], ['1.0.2', good.url]);
+    assert.deepEqual([result.version, result.url], [good.version, good.url]);
     const digest = execFileSync('sha256sum', [installer], { encoding: 'utf8' }).slice(0, 64);
     assert.equal(result.sha256, digest);
+});
+
+test('a pre-release is offered the final version and later pre-releases, and never itself again', async () => {
+    const own = productOf('beta').version;
+    const [release, number] = own.split('-beta.');
+    assert.equal(release, productOf('next').version);
+    const beta = await Probe.open('update_probe_beta.exe');
+    try {
+        await beta.useSource(windowsPath(manifest));
+        for (const [version, available] of [
+            [release, true], [`${release}-beta.${Number(number) + 1}`, true], [own, false],
+            [`${release}-beta.0`, false], [productOf().version, false],
+        ]) {
+            assert.equal(sign({ version }).status, 0);
+            const result = await beta.check();
+            assert.deepEqual([version, result.available], [version, available]);
+            assert.equal(result.ownVersion, own);
+        }
+    } finally {
+        await beta.close();
+    }
 });
 
 test('the program refuses a manifest that is signed with a key made elsewhere', async () => {

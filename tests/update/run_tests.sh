@@ -28,11 +28,14 @@ hosts=$(mktemp)
 trap 'end_prefix; rm -f "$hosts"' EXIT
 {
     echo "127.0.0.1 localhost"
-    sed -nE 's/^inline constexpr char (web|api|unrelated)Host\[\] = "(.*)";$/127.0.0.1 \2/p' \
-        build/windows-objects/generated/product.h
+    sed -nE 's/^ *"(web|api|unrelated)Host": "(.*)",$/127.0.0.1 \2/p' \
+        build/windows-objects/generated/product.json
 } >"$hosts"
 mount --bind "$hosts" /etc/hosts
 
+# The desktop's shell starts programs too, with the environment that it was started with.
+export RAVELIN_TEST_DEVTOOLS_DIR="$BUILD/e2e/devtools-of-the-shell"
+mkdir -p "$RAVELIN_TEST_DEVTOOLS_DIR"
 start_prefix
 tests=("$@")
 [ "${#tests[@]}" -gt 0 ] || tests=(tests/update/*_test.mjs)
@@ -40,6 +43,6 @@ tests=("$@")
 status=0
 for file in "${tests[@]}"; do
     echo "# $file"
-    timeout --kill-after=10 400 node --test "$file" || status=$?
+    timeout --kill-after=10 600 node --test "$file" || status=$?
 done
 exit "$status"

@@ -1,18 +1,18 @@
 // The whole way of an update: the installed program finds it, shows it, downloads it and hands over.
 import assert from 'node:assert/strict';
 import { createHash } from 'node:crypto';
-import { existsSync, readdirSync, readFileSync, rmSync } from 'node:fs';
+import { existsSync, mkdirSync, readdirSync, readFileSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, afterEach, before, beforeEach } from 'node:test';
 import { signManifest } from '../../packaging/update_signing.mjs';
 import { Ravelin, windowTitle } from '../e2e/lib/ravelin.mjs';
-import { prefix, runToEnd, screenshot, scratch, textOf, toolFolder, until, windowsPath, within } from '../e2e/lib/wine.mjs';
+import { prefix, screenshot, scratch, textOf, toolFolder, until, windowsPath, within } from '../e2e/lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from '../e2e/lib/windows.mjs';
 import { makeAuthority, makeCertificate } from './lib/certificates.mjs';
 import { Probe } from './lib/probe.mjs';
-import { apiHost, key, tier, webHost } from './lib/product.mjs';
+import { apiHost, key, productOf, tier, webHost } from './lib/product.mjs';
 import { body, inPieces, Server } from './lib/server.mjs';
-import { nextSetup, registryValue, runSetup, scopes, silently, thisSetup, uninstallAll } from './lib/setup.mjs';
+import { makeSetup, registryValue, removeAll, runSetup, scopes, silently } from './lib/setup.mjs';
 
 const manifestUrl = `https://${webHost}/update/${tier}.json`;
 const installerUrl = `https://${apiHost}/download/setup.exe`;
@@ -23,36 +23,42 @@ const messages = {
     match: 'Update failed: the downloaded file did not match what was expected, so nothing was installed.',
 };
 
-let server, probe, setup, next, ravelin;
+// Where the engines of programs that the shell starts write their ports.
+const portsOfTheShell = process.env.RAVELIN_TEST_DEVTOOLS_DIR;
+
+let server, probe, setup, beta, next, ravelin;
 
 before(async () => {
-    setup = thisSetup();
-    next = nextSetup();
+    setup = makeSetup('this');
+    beta = makeSetup('beta');
+    next = makeSetup('next');
     server = await Server.open(makeCertificate(authority, [webHost, apiHost]));
     probe = await Probe.open();
     await probe.trust(authority);
-    await uninstallAll();
+    await until(async () => (await probe.send('running', 'explorer.exe')).running === 1, 'one shell', 60_000);
 });
-beforeEach(() => {
+beforeEach(async () => {
     server.reset();
+    await removeAll(probe, setup);
+    rmSync(portsOfTheShell, { recursive: true, force: true });
+    mkdirSync(portsOfTheShell);
     // What was handed over stays for the next start to sweep, if it is the administrators'.
     for (const name of downloadFolders()) rmSync(path.join(temporary, name), { recursive: true });
 });
 afterEach(async () => {
     await ravelin?.detach();
-    await runToEnd('taskkill', ['/f', '/im', 'Ravelin.exe']);
     ravelin = undefined;
 });
 after(async () => {
-    await uninstallAll();
+    if (probe && setup) await removeAll(probe, setup);
     await probe?.close();
     await server?.close();
 });
 
 /** Offers an installer as the next version, sent by `handler`. */
-function offer(installer, handler = body(installer)) {
+function offer(installer, handler = body(installer), version = next.version) {
     const sha256 = createHash('sha256').update(installer).digest('hex');
-    server.on(manifestUrl, body(JSON.stringify(signManifest({ tier, version: next.version, url: installerUrl, sha256 }, key))));
+    server.on(manifestUrl, body(JSON.stringify(signManifest({ tier, version, url: installerUrl, sha256 }, key))));
     server.on(installerUrl, handler);
 }
 
@@ -92,7 +98,7 @@ async function untilStarted(title) {
     try {
         await untilWindow(title, undefined, 'the new version\'s window', 60_000);
     } catch (error) {
-        const installed = await registryValue('HKLM', setup.key, 'DisplayVersion');
+        const installed = await registryValue(probe, 'HKLM', setup.key, 'DisplayVersion');
         error.message += `\nversion ${installed} is installed, and the browser's log says ${textOf(ravelin.log)}`;
         throw error;
     }
@@ -103,6 +109,7 @@ async function newPage(oldPort) {
     await ravelin.detach();
     ravelin.attached = undefined;
     await until(() => !existsSync(oldPort), 'the old program\'s engine to end', 60_000);
+    ravelin.ports = portsOfTheShell;
     const page = await ravelin.page();
     await page.waitForFunction(() => window.getSettings !== undefined);
     return page;
@@ -137,8 +144,11 @@ test('the next version is found, downloaded in sight, and runs in place of the o
     await screenshot('update-done');
     assert.equal((await renewed.evaluate(() => window.getSettings())).sms, 77);
     assert.equal((await renewed.evaluate(() => window.getAppSettings())).showWarnings, false);
-    assert.equal(await registryValue('HKLM', setup.key, 'DisplayVersion'), next.version);
+    assert.equal(await registryValue(probe, 'HKLM', setup.key, 'DisplayVersion'), next.version);
     assert.equal(await windowState(windowTitle), null);
+    // With the rights of the user whose desktop it is, not with those of setup.
+    const process = await windowTool('process', nextTitle);
+    assert.deepEqual(await probe.send('parent', process), { parent: 'explorer.exe' });
     await windowTool('close', nextTitle);
     await until(async () => await windowState(nextTitle) === null, 'the new version to close', 60_000);
 });
@@ -169,7 +179,6 @@ test('an installer that cannot be started is deleted, and the program goes on', 
 });
 
 test('an installer that fails gets its switches and leaves the old version as it was', async () => {
-    await uninstallAll();
     assert.equal(await runSetup(setup, ...silently, '/CURRENTUSER'), 0);
     const log = path.join(scratch, 'installer-command.txt');
     rmSync(log, { force: true });
@@ -186,6 +195,19 @@ test('an installer that fails gets its switches and leaves the old version as it
     page = await openInstalled('/CURRENTUSER', { keepData: true });
     assert.equal((await page.evaluate(() => window.getSettings())).sms, 66);
     assert.equal(await ravelin.close(), 0);
+});
+
+test('a pre-release is offered the final version and becomes it', async () => {
+    assert.equal(await runSetup(beta, ...silently, '/ALLUSERS'), 0);
+    assert.equal(await registryValue(probe, 'HKLM', setup.key, 'DisplayVersion'), beta.version);
+    offer(readFileSync(next.file));
+    const page = await openInstalled('/ALLUSERS');
+    await untilWindow(productOf('beta').windowTitle);
+    await untilOffered(page);
+    await updateButton(page).click();
+    assert.equal(await within(60_000, ravelin.run.exited, 'the pre-release to end'), 0);
+    await untilStarted(productOf('next').windowTitle);
+    assert.equal(await registryValue(probe, 'HKLM', setup.key, 'DisplayVersion'), next.version);
 });
 
 test('closing the program ends a download, and nothing of it stays', async () => {

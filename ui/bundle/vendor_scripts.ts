@@ -3,6 +3,8 @@ import { createRequire } from "node:module";
 import { dirname, join } from "node:path";
 import type { Plugin } from "vite";
 
+export const vendorPackages = ["sortablejs"];
+
 // Scripts that stay files of their own beside the page; the program inlines them when it reads it.
 export function vendorScripts(): Plugin {
   return {

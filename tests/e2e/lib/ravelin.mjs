@@ -1,11 +1,11 @@
 // The real program on the virtual desktop, with its real page.
-import { mkdirSync, readdirSync, rmSync } from 'node:fs';
+import { mkdirSync, readFileSync, readdirSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import { chromium } from 'playwright-core';
-import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, until, within } from './wine.mjs';
+import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, toolFolder, until, within } from './wine.mjs';
 import { windowTool } from './windows.mjs';
 
-export const windowTitle = 'Ravelin (Home Version 1.0.1)';
+export const { windowTitle } = JSON.parse(readFileSync(path.join(toolFolder, 'generated/product.json'), 'utf8'));
 
 let count = 0;
 

@@ -8,13 +8,14 @@
 //   window_tool.exe process TITLE        the id of its process
 //   window_tool.exe handles TITLE        how many handles its process has
 //   window_tool.exe close|minimize|restore|maximize TITLE
-//   window_tool.exe press TITLE ID       presses a button of a dialog by its identifier
+//   window_tool.exe press TITLE ID       presses a button of a dialog, or of a page in it, by its
+//                                        identifier
 //   window_tool.exe crash TITLE          makes the process of the window fail as a bug would
 //   window_tool.exe place TITLE X Y      puts it elsewhere without sizing it
 //   window_tool.exe move TITLE X Y WIDTH HEIGHT    as at the end of a drag by the user
 //
-// A title matches from its beginning. Exit code 3 when there is no such window: Wine itself ends
-// with 1 when it cannot start a program.
+// A title matches from its beginning. Exit code 3 when there is no such window or button: Wine
+// itself ends with 1 when it cannot start a program.
 #include <windows.h>
 // Wants windows.h first.
 #include <shellapi.h>
@@ -59,6 +60,19 @@ BOOL CALLBACK match(HWND window, LPARAM argument) {
 BOOL CALLBACK list(HWND window, LPARAM) {
     if (IsWindowVisible(window) && GetWindowTextLengthW(window) > 0) print(titleOf(window));
     return TRUE;
+}
+
+struct Control {
+    int id;
+    HWND found;
+};
+
+// Also in a page inside the dialog.
+BOOL CALLBACK findControl(HWND window, LPARAM argument) {
+    auto& control = *reinterpret_cast<Control*>(argument);
+    if (GetDlgCtrlID(window) != control.id) return TRUE;
+    control.found = window;
+    return FALSE;
 }
 
 BOOL CALLBACK childText(HWND window, LPARAM) {
@@ -173,8 +187,10 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     } else if (command == L"maximize") {
         ShowWindow(window, SW_MAXIMIZE);
     } else if (command == L"press" && count > 3) {
-        const HWND button = GetDlgItem(window, number(arguments[3]));
-        PostMessageW(button != nullptr ? button : window, BM_CLICK, 0, 0);
+        Control button{number(arguments[3]), nullptr};
+        EnumChildWindows(window, findControl, reinterpret_cast<LPARAM>(&button));
+        if (button.found == nullptr) return 3;
+        PostMessageW(button.found, BM_CLICK, 0, 0);
     } else if (command == L"crash") {
         crash(window);
     } else if (command == L"place" && count > 4) {

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "product.h"
+
 namespace ravelin {
 namespace {
 
@@ -12,7 +14,7 @@ TEST(WindowTitles, ThisBuildsMainWindowIsRecognised) {
 }
 
 TEST(WindowTitles, TheMainWindowNamesItsEditionAndVersion) {
-    EXPECT_EQ(mainWindowTitle, "Ravelin (Home Version 1.0.1)");
+    EXPECT_EQ(mainWindowTitle, std::string("Ravelin (Home Version ") + product::version + ")");
 }
 
 TEST(WindowTitles, MainWindowsOfOtherEditionsAndVersionsAreRecognised) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -41,11 +42,20 @@ struct Machine {
                 disk.insert(path);
                 return sink(0, 9) && downloadWorks;
             },
+            [this](const std::wstring& path) -> std::shared_ptr<void> {
+                steps.push_back("hold");
+                if (!holdWorks || !disk.contains(path)) return nullptr;
+                held.insert(path);
+                return {this, [path](Machine* machine) { machine->held.erase(path); }};
+            },
             [this](const std::wstring& path) {
-                steps.push_back("digest");
+                steps.push_back(held.contains(path) ? "digest" : "digest of a free file");
                 return disk.contains(path) ? fileDigest : "missing";
             },
-            [this](const std::wstring& path) { disk.erase(path); },
+            // As on a real disk, what is held stays.
+            [this](const std::wstring& path) {
+                if (!held.contains(path)) disk.erase(path);
+            },
             [this](const std::wstring& path) {
                 const bool isEmpty = std::none_of(disk.begin(), disk.end(), [&](const auto& entry) {
                     return entry.starts_with(path + L"\\");
@@ -62,7 +72,7 @@ struct Machine {
                 reported.emplace_back(done, total);
                 return goOn;
             },
-            installerPath, machine());
+            installer, machine());
     }
 
     UpdateManifestInfo manifest{"home", "1.0.2", "https://ravelin.example/setup.exe", digest, "00"};
@@ -71,13 +81,15 @@ struct Machine {
     bool folderWorks = true;
     bool fileSecurityWorks = true;
     bool downloadWorks = true;
+    bool holdWorks = true;
     bool goOn = true;
     std::string fileDigest = digest;
 
     std::vector<std::string> steps;
     std::vector<std::pair<std::uint64_t, std::uint64_t>> reported;
     std::set<std::wstring> disk;
-    std::wstring installerPath = L"unset";
+    std::set<std::wstring> held;
+    HeldInstaller installer;
 };
 
 // The message, after nothing but these steps and with nothing left on the disk.
@@ -86,18 +98,38 @@ void expectFailure(Machine& machine, const std::string& message,
     EXPECT_EQ(machine.run(), message);
     EXPECT_EQ(machine.steps, steps);
     EXPECT_TRUE(machine.disk.empty());
-    EXPECT_EQ(machine.installerPath, L"unset");
+    EXPECT_TRUE(machine.held.empty());
+    EXPECT_FALSE(machine.installer);
 }
 
 TEST(UpdateDownload, LeavesTheVerifiedInstallerInAFolderOfItsOwn) {
     Machine machine;
     EXPECT_EQ(machine.run(), "");
-    EXPECT_EQ(machine.installerPath, installer);
+    EXPECT_EQ(machine.installer.path(), installer);
     EXPECT_EQ(machine.disk, (std::set<std::wstring>{folder, installer}));
-    EXPECT_EQ(machine.steps,
-              (std::vector<std::string>{"temporary folder", "random 16", "folder", "file security",
-                                        "download https://ravelin.example/setup.exe", "digest"}));
+    EXPECT_EQ(machine.steps, (std::vector<std::string>{
+                                 "temporary folder", "random 16", "folder", "file security",
+                                 "download https://ravelin.example/setup.exe", "hold", "digest"}));
     EXPECT_THAT(machine.reported, testing::ElementsAre(testing::Pair(0, 9)));
+}
+
+TEST(UpdateDownload, TheVerifiedInstallerStaysHeldFromHandToHand) {
+    Machine machine;
+    EXPECT_EQ(machine.run(), "");
+    HeldInstaller other = std::move(machine.installer);
+    EXPECT_FALSE(machine.installer);
+    EXPECT_EQ(machine.held, (std::set<std::wstring>{installer}));
+    EXPECT_EQ(other.release(), installer);
+    EXPECT_TRUE(machine.held.empty());
+    EXPECT_FALSE(other);
+}
+
+TEST(UpdateDownload, AnInstallerThatNobodyTakesIsLetGoOf) {
+    Machine machine;
+    EXPECT_EQ(machine.run(), "");
+    machine.installer = HeldInstaller();
+    EXPECT_TRUE(machine.held.empty());
+    EXPECT_EQ(machine.disk.size(), 2U);
 }
 
 TEST(UpdateDownload, ADigestInUpperCaseMatchesAsWell) {
@@ -174,8 +206,18 @@ TEST(UpdateDownload, AnotherDigestOrNoneInstallsNothing) {
                       "Update failed: the downloaded file did not match what was expected, so "
                       "nothing was installed.",
                       {"temporary folder", "random 16", "folder", "file security",
-                       "download https://ravelin.example/setup.exe", "digest"});
+                       "download https://ravelin.example/setup.exe", "hold", "digest"});
     }
+}
+
+TEST(UpdateDownload, AFileThatCannotBeHeldInstallsNothing) {
+    Machine machine;
+    machine.holdWorks = false;
+    expectFailure(machine,
+                  "Update failed: the downloaded file did not match what was expected, so nothing "
+                  "was installed.",
+                  {"temporary folder", "random 16", "folder", "file security",
+                   "download https://ravelin.example/setup.exe", "hold"});
 }
 
 TEST(UpdateDownload, NoDigestAtAllNeverMatches) {

@@ -6,10 +6,10 @@ import { createInterface } from 'node:readline';
 import { environment, scratch, toolFolder, windowsPath, within } from '../../e2e/lib/wine.mjs';
 
 export class Probe {
-    /** Starts it with an empty folder for its temporary files. */
-    static async open() {
+    /** Starts it, or the one of another version, with an empty folder for its temporary files. */
+    static async open(program = 'update_probe.exe') {
         const probe = new Probe();
-        probe.process = spawn('wine', [windowsPath(path.join(toolFolder, 'update_probe.exe'))], {
+        probe.process = spawn('wine', [windowsPath(path.join(toolFolder, program))], {
             env: environment,
             // Never this process's own streams: the desktop's processes would hold them for as long
             // as they live, and whoever reads what the tests print would wait for them.
@@ -25,6 +25,7 @@ export class Probe {
         return probe;
     }
 
+    /** One command after the other, in the order in which they are given. */
     async send(...words) {
         this.process.stdin.write(words.join(' ') + '\n');
         const line = await within(400_000, this.nextLine(), words[0]);

@@ -4,17 +4,13 @@ import path from 'node:path';
 import { readPrivateKey, signManifest } from '../../../packaging/update_signing.mjs';
 import { build, toolFolder } from '../../e2e/lib/wine.mjs';
 
-const header = readFileSync(path.join(toolFolder, 'generated/product.h'), 'utf8');
-
-function constant(name) {
-    return header.match(new RegExp(`char ${name}\\[\\] = "(.*)";`))[1];
+/** What a build knows of itself: this one, or the one before ("beta") or at ("next") the next release. */
+export function productOf(name) {
+    const folder = name ? `generated-${name}` : 'generated';
+    return JSON.parse(readFileSync(path.join(toolFolder, folder, 'product.json'), 'utf8'));
 }
 
-export const webHost = constant('webHost');
-export const apiHost = constant('apiHost');
-export const unrelatedHost = constant('unrelatedHost');
-export const tier = constant('tier');
-export const version = constant('version');
+export const { webHost, apiHost, unrelatedHost, tier, version } = productOf();
 
 /** The private half of the key that this build trusts. */
 export const key = readPrivateKey(path.join(build, 'update-key/private.pem'));

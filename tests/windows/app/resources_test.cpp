@@ -66,6 +66,7 @@ TEST(Resources, TheVersionIsTheOneThatTheProgramShows) {
         ASSERT_NE(VerQueryValueW(info.data(), name, &text, &length), 0);
         EXPECT_EQ(narrow(static_cast<const wchar_t*>(text)), product::version);
     }
+    const std::string version = product::version;
     void* numbers = nullptr;
     UINT size = 0;
     ASSERT_NE(VerQueryValueW(info.data(), L"\\", &numbers, &size), 0);
@@ -73,7 +74,15 @@ TEST(Resources, TheVersionIsTheOneThatTheProgramShows) {
     EXPECT_EQ(std::to_string(HIWORD(fixed->dwFileVersionMS)) + "." +
                   std::to_string(LOWORD(fixed->dwFileVersionMS)) + "." +
                   std::to_string(HIWORD(fixed->dwFileVersionLS)),
-              product::version);
+              version.substr(0, version.find('-')));
+    EXPECT_EQ((fixed->dwFileFlags & VS_FF_PRERELEASE) != 0, version.find('-') != std::string::npos);
+    void* copyright = nullptr;
+    UINT length = 0;
+    ASSERT_NE(VerQueryValueW(info.data(), L"\\StringFileInfo\\040904B0\\LegalCopyright", &copyright,
+                             &length),
+              0);
+    EXPECT_THAT(narrow(static_cast<const wchar_t*>(copyright)),
+                HasSubstr("The Ravelin developers. MIT License."));
 }
 
 }  // namespace

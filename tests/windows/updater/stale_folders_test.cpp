@@ -7,6 +7,7 @@
 #include <string>
 
 #include "support/utf.h"
+#include "support/win32_handles.h"
 #include "tests/support/temp_folder.h"
 #include "tests/windows/harness/below_wine.h"
 #include "tests/windows/harness/eventually.h"
@@ -95,6 +96,33 @@ TEST_F(StaleFoldersOnDisk, TheOwnerOfEachIsAskedFor) {
     });
     EXPECT_EQ(asked, 2);
     EXPECT_EQ(fs::exists(root() / "Ravelin-update-1") + fs::exists(root() / "Ravelin-update-2"), 1);
+}
+
+TEST_F(StaleFoldersOnDisk, NothingTakesTheirPlaceOnceTheOwnerIsKnown) {
+    const fs::path folder = make("Ravelin-update-1");
+    const fs::path precious = make("precious");
+    DWORD moved = ERROR_SUCCESS;
+    sweepUpdateFolders(root().wstring() + L"\\", [&](PSID) {
+        moved = MoveFileW(folder.c_str(), (root() / "elsewhere").c_str()) ? ERROR_SUCCESS
+                                                                          : GetLastError();
+        return true;
+    });
+    EXPECT_EQ(moved, static_cast<DWORD>(ERROR_SHARING_VIOLATION));
+    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_FALSE(fs::exists(root() / "elsewhere"));
+    EXPECT_TRUE(fs::exists(precious / "installer.exe"));
+}
+
+TEST_F(StaleFoldersOnDisk, AFolderThatSomebodyIsAboutToRenameIsNotEvenAskedAbout) {
+    const fs::path folder = make("Ravelin-update-1");
+    const FileHandle other(
+        CreateFileW(folder.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    ASSERT_TRUE(other);
+    bool asked = false;
+    sweepUpdateFolders(root().wstring() + L"\\", [&](PSID) { return asked = true; });
+    EXPECT_FALSE(asked);
+    EXPECT_TRUE(fs::exists(folder / "installer.exe"));
 }
 
 TEST_F(StaleFoldersOnDisk, OtherNamesAreLeftAlone) {

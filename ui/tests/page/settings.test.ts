@@ -100,3 +100,8 @@ test("the program can set a theme, and an unknown one is the default", async () 
   await view.page.evaluate(() => window.applyTheme?.("no such theme"));
   expect(await view.page.evaluate(() => window.currentThemeKey)).toBe("ravelin");
 });
+
+test("the settings say under which licence Ravelin stands", async () => {
+  await show();
+  await expect.poll(() => panel.getByText(/free software under the MIT License/).isVisible()).toBe(true);
+});

@@ -1,0 +1,38 @@
+# The program as versions that updates lead to or come from, for tests: ravelin_next is the next
+# release, ravelin_beta the newest pre-release before that. Only what knows the version is compiled
+# again: the linker takes those objects before the ones of the libraries.
+split_version("${RAVELIN_VERSION}" own)
+list(GET own_NUMBERS 0 major)
+list(GET own_NUMBERS 1 minor)
+list(GET own_NUMBERS 2 patch)
+set(beta 1)
+if(own_PRE STREQUAL "")
+    math(EXPR patch "${patch} + 1")
+else()
+    math(EXPR beta "${own_PRE} + 1")
+endif()
+
+set(version_sources ${windows_sources} ${core_sources})
+foreach(source ${version_sources})
+    file(STRINGS ${source} mention REGEX "#include \"(product|app/window_titles)\\.h\"")
+    if(NOT mention)
+        list(REMOVE_ITEM version_sources ${source})
+    endif()
+endforeach()
+
+# add_version(NAME VERSION): the program as ravelin_NAME and the updater's steps as update_probe_NAME.
+function(add_version name version)
+    set(folder ${PROJECT_BINARY_DIR}/generated-${name})
+    write_product_files(${folder} ${version})
+    add_library(version_${name} OBJECT ${version_sources})
+    add_executable(ravelin_${name} WIN32 app/ravelin_main.cpp packaging/ravelin.rc)
+    add_executable(update_probe_${name} tests/update/tools/update_probe_main.cpp)
+    foreach(target version_${name} ravelin_${name} update_probe_${name})
+        target_include_directories(${target} BEFORE PRIVATE ${folder})
+        target_link_libraries(${target} PRIVATE ravelin_windows ravelin_core ravelin_windows)
+    endforeach()
+    target_link_libraries(ravelin_${name} PRIVATE version_${name})
+    target_link_libraries(update_probe_${name} PRIVATE version_${name})
+endfunction()
+add_version(next ${major}.${minor}.${patch})
+add_version(beta ${major}.${minor}.${patch}-beta.${beta})
