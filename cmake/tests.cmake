@@ -36,6 +36,8 @@ file(GLOB unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/unit/*/*.cpp)
 # On Windows the files underneath are the real ones: what no test simulates comes from that half.
 ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources} ${support_sources}
     LIBRARIES ravelin_core $<TARGET_NAME_IF_EXISTS:ravelin_windows> GTest::gmock_main)
+# So that a test can act between two locks of the same thread.
+target_link_options(ravelin_unit_tests PRIVATE LINKER:--wrap=pthread_mutex_lock)
 compile_fast(ravelin_unit_tests)
 
 # Thread tests: the workers as real threads on a platform made of standard primitives.
