@@ -134,6 +134,26 @@ test('a redirect over HTTPS is followed', async () => {
     assert.deepEqual(await takeInstaller(await downloadFrom(redirect(`https://${apiHost}/mirror.exe`))), installer);
 });
 
+test('behind a redirect to a foreign host the digest decides', async () => {
+    const elsewhere = `https://${unrelatedHost}/mirror.exe`;
+    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    try {
+        server.on(elsewhere, body(installer));
+        assert.deepEqual(await takeInstaller(await downloadFrom(redirect(elsewhere))), installer);
+        assert.deepEqual(server.requests.map(({ host }) => host), [webHost, unrelatedHost]);
+        server.on(elsewhere, body(randomBytes(installer.length)));
+        assertFailed(await downloadFrom(redirect(elsewhere)), messages.match);
+    } finally {
+        server.use(certificate);
+    }
+});
+
+test('a foreign host without a certificate of its own is not asked behind a redirect', async () => {
+    server.on(`https://${unrelatedHost}/mirror.exe`, body(installer));
+    assertFailed(await downloadFrom(redirect(`https://${unrelatedHost}/mirror.exe`)), messages.download);
+    assert.deepEqual(server.requests.map(({ host }) => host), [webHost]);
+});
+
 function failing(name, message, handler, options) {
     test(name, async () => {
         assertFailed(await downloadFrom(handler, options), message);

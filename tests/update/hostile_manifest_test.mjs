@@ -156,6 +156,26 @@ test('no update: a redirect to plain http', async () => {
     assert.deepEqual(server.plainRequests, []);
 });
 
+test('behind a redirect to a foreign host the signature decides', async () => {
+    const elsewhere = `https://${unrelatedHost}/moved.json`;
+    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    try {
+        server.on(elsewhere, body(JSON.stringify(good)));
+        assert.deepEqual(await checkWith(redirect(elsewhere)), { available: true, ownVersion: version, ...good });
+        assert.deepEqual(server.requests.map(({ host }) => host), [webHost, unrelatedHost]);
+        server.on(elsewhere, body(JSON.stringify(signedManifest({}, makePrivateKey()))));
+        assert.deepEqual(await checkWith(redirect(elsewhere)), nothing);
+    } finally {
+        server.use(certificate);
+    }
+});
+
+test('a foreign host without a certificate of its own is not asked behind a redirect', async () => {
+    server.on(`https://${unrelatedHost}/moved.json`, body(JSON.stringify(good)));
+    assert.deepEqual(await checkWith(redirect(`https://${unrelatedHost}/moved.json`)), nothing);
+    assert.deepEqual(server.requests.map(({ host }) => host), [webHost]);
+});
+
 function distrusted(name, certificateOf) {
     test(`no update: ${name}`, async () => {
         server.use(certificateOf());
