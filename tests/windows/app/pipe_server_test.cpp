@@ -2,8 +2,14 @@
 #include "app/pipe_server.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+// Need the types of windows.h.
+#include <aclapi.h>
+#include <sddl.h>
 
+#include <algorithm>
 #include <atomic>
+#include <regex>
 #include <string>
 #include <thread>
 #include <utility>
@@ -14,6 +20,8 @@
 #include "input/engine_state.h"
 #include "input/platform.h"
 #include "input/tool_settings.h"
+#include "support/utf.h"
+#include "support/win32_handles.h"
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/eventually.h"
@@ -235,6 +243,29 @@ TEST_F(EndOfPipeServer, ComesAtOnceWithAClientThatNeverSaysAnything) {
         EXPECT_TRUE(silent);
         return silent;
     });
+}
+
+// The access list of the pipe as a client sees it.
+std::string accessListOf(const FileHandle& pipe) {
+    LocalSecurityDescriptor descriptor;
+    LocalText text;
+    if (GetSecurityInfo(pipe.get(), SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                        nullptr, nullptr, descriptor.put()) != ERROR_SUCCESS ||
+        ConvertSecurityDescriptorToStringSecurityDescriptorW(
+            descriptor.get(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, text.put(), nullptr) == 0)
+        return "none";
+    // A system may tell what the generic right stands for.
+    return std::regex_replace(narrow(text.get()), std::regex(";FA;"), ";GA;");
+}
+
+TEST_F(PipeServer, GivesEveryInstanceOfThePipeItsDescriptor) {
+    for (int instance = 0; instance < 3; ++instance) {
+        const auto pipe = openPipeToWrite();
+        ASSERT_TRUE(pipe);
+        const auto list = accessListOf(pipe);
+        EXPECT_TRUE(list.starts_with("D:P(A;;GA;;;SY)(A;;GA;;;BA)(A;;GA;;;S-1-")) << list;
+        EXPECT_EQ(std::count(list.begin(), list.end(), '('), 3) << list;
+    }
 }
 
 TEST_F(PipeServer, NobodyReadsFromThePipe) {
