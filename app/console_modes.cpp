@@ -1,6 +1,8 @@
 #include "app/console_modes.h"
 
 #include <cstdint>
+#include <exception>
+#include <new>
 #include <string>
 
 #include "persistence/macro_file.h"
@@ -53,9 +55,7 @@ int scanMacro(const std::string& path, std::FILE* out) {
     return 0;
 }
 
-}  // namespace
-
-int runConsoleMode(const Switches& switches, const UpdateSelfTest& updateSelfTest, std::FILE* out) {
+int runMode(const Switches& switches, const UpdateSelfTest& updateSelfTest, std::FILE* out) {
     switch (consoleMode(switches)) {
         case ConsoleMode::selfTestUpdate:
             return selfTestUpdate(*switches.selfTestUpdate, updateSelfTest, out);
@@ -69,6 +69,18 @@ int runConsoleMode(const Switches& switches, const UpdateSelfTest& updateSelfTes
             break;
     }
     return 0;
+}
+
+}  // namespace
+
+int runConsoleMode(const Switches& switches, const UpdateSelfTest& updateSelfTest, std::FILE* out) {
+    try {
+        return runMode(switches, updateSelfTest, out);
+    } catch (const std::bad_alloc&) {
+        return reject(out, "out of memory");
+    } catch (const std::exception& error) {
+        return reject(out, error.what());
+    }
 }
 
 }  // namespace ravelin

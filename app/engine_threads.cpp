@@ -1,16 +1,12 @@
 #include "app/engine_threads.h"
 
+#include "input/fence.h"
+
 namespace ravelin {
 
 void ThreadGroup::start(const ThreadBody& body) {
-    threads_.push_back({body.name, std::thread([run = body.run] {
-                            try {
-                                run();
-                            } catch (...) {
-                                // The thread's work is over; the program goes on without it.
-                                return;
-                            }
-                        })});
+    // Loops fence their own rounds; what still escapes one ends the thread, not the program.
+    threads_.push_back({body.name, std::thread([run = body.run] { runFenced(run); })});
 }
 
 void ThreadGroup::join(std::string_view name) {

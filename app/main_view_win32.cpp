@@ -76,15 +76,28 @@ void placeAndShow() {
     });
 }
 
+// Takes the sink away again when the view behind it does not come to be.
+struct SinkOfView {
+    explicit SinkOfView(WebView& view) {
+        setPageScriptSink([&view](const std::string& script) {
+            view.dispatch([&view, script] { view.eval(script); });
+        });
+    }
+    SinkOfView(const SinkOfView&) = delete;
+    SinkOfView& operator=(const SinkOfView&) = delete;
+    ~SinkOfView() {
+        if (!kept) setPageScriptSink({});
+    }
+    bool kept = false;
+};
+
 }  // namespace
 
 WebView::Created makeMainView() {
     auto created = WebView::create();
     if (!created.view) return created;
     WebView& view = *created.view;
-    setPageScriptSink([&view](const std::string& script) {
-        view.dispatch([&view, script] { view.eval(script); });
-    });
+    SinkOfView sink(view);
     view.setTitle(std::string(mainWindowTitle));
     setWindowIcons(findWindowByTitle(mainWindowTitle));
     restrictBrowser(view.browserController());
@@ -92,6 +105,7 @@ WebView::Created makeMainView() {
     bindPageMethods(view, mainPageMethods(services(view)));
     showPage(view);
     placeAndShow();
+    sink.kept = true;
     return created;
 }
 

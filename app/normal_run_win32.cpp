@@ -3,28 +3,19 @@
 #include <string>
 #include <utility>
 
-#include "app/child_panels.h"
-#include "app/engine_threads.h"
+#include "app/engine_run.h"
 #include "app/first_instance_win32.h"
 #include "app/log_on.h"
 #include "app/main_view.h"
-#include "app/pipe_server.h"
 #include "app/process_setup.h"
 #include "app/run_modes.h"
 #include "app/script_sink.h"
 #include "app/single_instance.h"
-#include "app/update_run.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
-#include "input/auto_clicker.h"
-#include "input/command_pass.h"
 #include "input/engine_state.h"
-#include "input/input_thread.h"
-#include "input/key_spammer.h"
 #include "input/platform.h"
-#include "input/player.h"
 #include "persistence/app_settings.h"
-#include "persistence/autosave.h"
 #include "persistence/data_folder.h"
 #include "persistence/legacy_files.h"
 #include "persistence/profiles.h"
@@ -50,6 +41,7 @@ void loadSessionOrDefaults() {
     installCrashHandler(saveSessionFromCrash);
     if (!loadSession()) addDefaultProfile();
     ensureDefaultProfile();
+    sessionStands.exchange(true);
 }
 
 void prepareTiming() {
@@ -73,35 +65,6 @@ void keepTimingInBackground() {
     optOutOfTimerThrottling();
 }
 
-void startThreads(ThreadGroup& threads) {
-    threads.start({"auto clicker", runAutoClicker});
-    threads.start({"key spammer", runKeySpammer});
-    threads.start({"input", runInputThread});
-    threads.start({"player", runPlayer});
-    threads.start({"autosave", runAutosave});
-    threads.start({"command", runCommandThread});
-    threads.start({"pipe server", runPipeServer});
-    threads.start({"update check", runUpdateCheck});
-}
-
-void joinThreads(ThreadGroup& threads) {
-    for (const auto* name : {"auto clicker", "key spammer", "input", "player", "command",
-                             "pipe server", "autosave", "update check"})
-        threads.join(name);
-    joinUpdateWorker();
-}
-
-void stopEngine(ThreadGroup& threads) {
-    saveSession();
-    engine.running.exchange(false);
-    postQuitToInputThread();
-    platform::signal(platform::Event::quit);
-    joinThreads(threads);
-    platform::closeEvents();
-    endAllChildPanels();
-    releaseTimerResolution();
-}
-
 }  // namespace
 
 int runNormally(const ComSession& com, const Switches& switches) {
@@ -117,13 +80,12 @@ int runNormally(const ComSession& com, const Switches& switches) {
     prepareTiming();
     loadPreferences();
     keepTimingInBackground();
-    platform::createEvents();
-    ThreadGroup threads;
-    startThreads(threads);
+    EngineRun engineRun;
+    engineRun.start();
     auto [view, failure] = makeMainView();
     if (view) view->run();
 
-    stopEngine(threads);
+    engineRun.stop();
     setPageScriptSink({});
     view.reset();
     com.leave();

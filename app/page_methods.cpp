@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "app/environment.h"
 #include "app/page_arguments.h"
 #include "input/capture.h"
 #include "input/engine_state.h"
@@ -111,6 +112,7 @@ std::vector<PageMethod> mainPageMethods(const MainWindowServices& services) {
         {"getSettings", [](const std::string&) { return getSettings(); }, {}},
         {"reassignKey", flattened([](const std::string& slot) { reassignKey(slot); }), {}},
         {"detachPanel", detach(services), {}},
+        {"getEnvironment", [](const std::string&) { return getEnvironment(); }, {}},
     };
 }
 

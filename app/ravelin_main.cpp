@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "app/console_modes.h"
 #include "app/process_setup.h"
 #include "app/run_modes.h"
+#include "app/shell.h"
 #include "support/win32_handles.h"
 #include "updater/self_test.h"
 
@@ -45,6 +47,12 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR narrowCommandLine, int) {
         std::fflush(stdout);
         return exitCode;
     }
-    if (isChildRun(rawCommandLine)) return runChildPanel(rawCommandLine);
-    return runNormally(com, switches);
+    try {
+        if (isChildRun(rawCommandLine)) return runChildPanel(rawCommandLine);
+        return runNormally(com, switches);
+    } catch (const std::exception& error) {
+        showError("Ravelin",
+                  std::string("Ravelin ran into a problem and has to close.\n\n") + error.what());
+        return 1;
+    }
 }

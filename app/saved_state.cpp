@@ -76,7 +76,8 @@ std::optional<SavedLines> readSavedLines(LineReader& lines) {
     if (!current || !findProfile(lines, current.value)) return std::nullopt;
     if (!lines.next(line) || !line.starts_with(profileSettingsPrefix)) return saved;
     saved.profile = line.substr(profileSettingsPrefix.size());
-    if (!holdsNumbers(saved.profile, profileFieldCount)) return std::nullopt;
+    if (!holdsNumbers(saved.profile, profileFieldCount) || !lines.endsWithLineFeed())
+        return std::nullopt;
     return saved;
 }
 

@@ -3,6 +3,7 @@
 #include "app/script_sink.h"
 #include "app/update_notices.h"
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/platform.h"
 
 namespace ravelin {
@@ -18,8 +19,10 @@ void checkAfterStart(const std::function<UpdateCheckResult()>& check) {
     for (int step = 0; step < waitSteps && engine.running; ++step)
         platform::sleepMs(stepMs);
     if (!engine.running) return;
-    const UpdateCheckResult result = check();
-    if (result.available) runPageScript(updateAvailableScript(result));
+    runFenced([&check] {
+        const UpdateCheckResult result = check();
+        if (result.available) runPageScript(updateAvailableScript(result));
+    });
 }
 
 }  // namespace ravelin

@@ -71,7 +71,7 @@ if(WIN32)
     add_executable(window_tool tests/e2e/tools/window_tool_main.cpp)
     add_executable(pipe_tool tests/e2e/tools/pipe_tool_main.cpp)
     foreach(tool witness window_tool pipe_tool)
-        target_link_libraries(${tool} PRIVATE ravelin_options shell32)
+        target_link_libraries(${tool} PRIVATE ravelin_options shell32 ntdll)
     endforeach()
     # The updater's steps on command, and something to hand over to.
     ravelin_test_program(update_probe SOURCES tests/update/tools/update_probe_main.cpp

@@ -1,6 +1,7 @@
 #include "input/auto_clicker.h"
 
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/requests.h"
 #include "input/synthetic_input.h"
 #include "input/tool_settings.h"
@@ -81,8 +82,11 @@ void releaseMouseButtons() {
 }  // namespace
 
 void runAutoClicker() {
-    while (engine.running.load())
-        platform::waitForEventOrQuit(Event::clickerWake, clickRound());
+    while (engine.running.load()) {
+        std::uint32_t wait = pauseAfterFailureMs;
+        runFenced([&wait] { wait = clickRound(); });
+        platform::waitForEventOrQuit(Event::clickerWake, wait);
+    }
 }
 
 void applyClickerRequests() {

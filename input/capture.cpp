@@ -1,6 +1,7 @@
 #include "input/capture.h"
 
 #include <array>
+#include <utility>
 
 #include "input/engine_state.h"
 #include "input/hotkey_check.h"
@@ -14,28 +15,42 @@ namespace {
 constexpr std::uint32_t leftButton = 1;
 constexpr std::uint32_t middleButton = 4;
 
-// What is held down, and which of it other programs were never told of. Keys by the low byte of
-// their code. Of the input thread alone.
-struct Held {
-    std::array<bool, 256> down{};
-    std::array<bool, 256> swallowed{};
+// A held key repeats at least twice a second, or as slowly as Filter Keys was told to. After a
+// longer silence its release was lost on the way (a number pad key under Shift, the secure desktop,
+// a window with higher rights), and what looks like a repeat is a new press. The key's asynchronous
+// state would not tell: the system never saw a swallowed key go down.
+constexpr std::uint32_t longestRepeatMs = 1500;
 
-    // Whether this is a first press, no repeat, of a hotkey: a hotkey fires once a physical press.
-    bool pressesHotkey(std::uint32_t code) {
-        const std::size_t i = code & 0xFF;
-        if (down[i]) return false;
-        down[i] = true;
-        swallowed[i] = hotkeys.enabled.load() && acceptHotkey(code);
-        return swallowed[i];
+bool isTooLongForARepeat(std::uint32_t silenceMs) {
+    return silenceMs >= longestRepeatMs && silenceMs >= 2 * platform::filterKeysPauseMs();
+}
+
+// The keys or buttons that are down, and which of them other programs were never told of, by the
+// low byte of their code. Of the input thread alone.
+class Held {
+  public:
+    // Notes a press or repeat. Returns whether it is a first press, which is not swallowed so far.
+    bool press(std::uint32_t code, std::uint32_t time) {
+        Key& key = keys_[code & 0xFF];
+        const bool first = !key.down || isTooLongForARepeat(time - key.time);
+        key.time = time;
+        if (first) key.swallowed = false;
+        key.down = true;
+        return first;
     }
-    bool isSwallowed(std::uint32_t code) const { return swallowed[code & 0xFF]; }
-    // Whether the press was swallowed, so that the release stays hidden with it.
-    bool release(std::uint32_t code) {
-        const std::size_t i = code & 0xFF;
-        const bool hidden = swallowed[i];
-        down[i] = swallowed[i] = false;
-        return hidden;
-    }
+    // Hides the press that was just noted, its repeats and its release from other programs.
+    void swallow(std::uint32_t code) { keys_[code & 0xFF].swallowed = true; }
+    bool isSwallowed(std::uint32_t code) const { return keys_[code & 0xFF].swallowed; }
+    // Returns whether the press was swallowed, so that the release stays hidden with it.
+    bool release(std::uint32_t code) { return std::exchange(keys_[code & 0xFF], {}).swallowed; }
+
+  private:
+    struct Key {
+        bool down = false;
+        bool swallowed = false;
+        std::uint32_t time = 0;  // of the last press or repeat
+    };
+    std::array<Key, 256> keys_{};
 };
 
 Held keys;
@@ -44,6 +59,13 @@ Held buttons;
 void captureCode(std::uint32_t code) {
     capture.code.exchange(code);
     platform::signal(platform::Event::command);
+}
+
+// A hotkey fires once a physical press.
+bool firesHotkey(Held& held, std::uint32_t code, bool firstPress) {
+    if (!firstPress || !hotkeys.enabled.load() || !acceptHotkey(code)) return false;
+    held.swallow(code);
+    return true;
 }
 
 // A left press chooses the fixed point, a right or middle one cancels; side buttons are no answer.
@@ -66,13 +88,16 @@ bool slotTakesButton(CaptureSlot slot, std::uint32_t button) {
            !(slot == CaptureSlot::unlock && button == leftButton);
 }
 
+// A press that answers the picker or a capture counts as down like any other: otherwise its next
+// repeat would be a first press of the hotkey that it has just become.
 bool swallowsPress(const MouseEvent& event) {
+    const bool first = buttons.press(event.button, event.time);
     if (answersPicker(event)) return true;
     if (slotTakesButton(capture.slot.load(), event.button)) {
         captureCode(event.button);
         return true;
     }
-    return buttons.pressesHotkey(event.button);
+    return firesHotkey(buttons, event.button, first);
 }
 
 bool swallows(const MouseEvent& event) {
@@ -88,11 +113,12 @@ bool swallows(const MouseEvent& event) {
 
 bool swallows(const KeyboardEvent& event) {
     if (!event.down) return keys.release(event.vk);
+    const bool first = keys.press(event.vk, event.time);
     if (capture.slot.load() != CaptureSlot::none) {
         captureCode(event.vk);
         return true;
     }
-    return keys.pressesHotkey(event.vk) || keys.isSwallowed(event.vk);
+    return firesHotkey(keys, event.vk, first) || keys.isSwallowed(event.vk);
 }
 
 }  // namespace

@@ -15,8 +15,9 @@ namespace ravelin {
 
 struct KeyboardEvent {
     std::uint32_t vk = 0;
-    bool down = false;      // press or auto-repeat; everything else is a release
-    bool injected = false;  // flagged by the system: never a hotkey, never recorded
+    bool down = false;       // press or auto-repeat; everything else is a release
+    bool injected = false;   // flagged by the system: never a hotkey, never recorded
+    std::uint32_t time = 0;  // the event's own stamp in milliseconds; it wraps around
 };
 
 struct MouseEvent {
@@ -26,6 +27,7 @@ struct MouseEvent {
     platform::Point point;
     std::int32_t wheel = 0;  // signed delta
     bool injected = false;
+    std::uint32_t time = 0;  // as of a key
 };
 
 // Both return whether the event is swallowed: hidden from every other program.

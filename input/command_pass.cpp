@@ -3,6 +3,7 @@
 #include "input/auto_clicker.h"
 #include "input/capture.h"
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/key_spammer.h"
 #include "input/player.h"
 #include "input/recorder.h"
@@ -14,16 +15,18 @@ void runCommandPass() {
     const bool wasClicking = engine.autoClicking.load();
     const bool wasSpamming = engine.keySpamming.load();
 
-    completeCapture();
-    applyRecorderRequests();
-    applyPlayerRequests();
-    applyClickerRequests();
-    applyKeySpamRequests();
+    // Each by itself: when memory runs out while a recording is stitched, the stops that were
+    // requested with it are still carried out.
+    for (auto* step : {completeCapture, applyRecorderRequests, applyPlayerRequests,
+                       applyClickerRequests, applyKeySpamRequests})
+        runFenced(step);
 
-    if (const bool clicking = engine.autoClicking.load(); clicking != wasClicking)
-        recordTool(toolAutoClicker, clicking);
-    if (const bool spamming = engine.keySpamming.load(); spamming != wasSpamming)
-        recordTool(toolKeySpammer, spamming);
+    runFenced([&] {
+        if (const bool clicking = engine.autoClicking.load(); clicking != wasClicking)
+            recordTool(toolAutoClicker, clicking);
+        if (const bool spamming = engine.keySpamming.load(); spamming != wasSpamming)
+            recordTool(toolKeySpammer, spamming);
+    });
 }
 
 void runCommandThread() {

@@ -26,6 +26,17 @@ struct EngineState {
 
 inline EngineState engine;
 
+// What went wrong without ending anything, counted from the start of the program for the page to
+// tell. Any thread adds; nothing in the engine reads it.
+struct Health {
+    std::atomic<std::uint32_t> failures{0};      // rounds of a thread that an exception cut short
+    std::atomic<std::uint32_t> refusedSends{0};  // synthetic input that the system did not take
+    std::atomic<std::uint32_t> hooksPutBack{0};  // low-level hooks installed anew
+    std::atomic<bool> hooksMissing{false};       // the system refuses a hook at this time
+};
+
+inline Health health;
+
 // One flag a request: any requester sets it to 1 and signals the command event; the command thread
 // consumes it by exchanging it to 0. The requests without a requester work like the others.
 struct Requests {

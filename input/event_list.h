@@ -9,8 +9,10 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "input/unified_event.h"
@@ -72,6 +74,17 @@ class EventList {
 
     EventList() = default;
     EventList(std::initializer_list<UnifiedEvent> events);
+    EventList(const EventList&) = default;
+    EventList& operator=(const EventList&) = default;
+    // Leave an empty list behind.
+    EventList(EventList&& other) noexcept
+        : chunks_(std::exchange(other.chunks_, {})), size_(std::exchange(other.size_, 0)) {}
+    EventList& operator=(EventList&& other) noexcept {
+        chunks_ = std::exchange(other.chunks_, {});
+        size_ = std::exchange(other.size_, 0);
+        return *this;
+    }
+    ~EventList() = default;
 
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }

@@ -1,9 +1,10 @@
 #include "input/input_hooks_win32.h"
 
 #include "input/capture.h"
+#include "input/fence.h"
+#include "input/foreground.h"
 
 namespace ravelin {
-
 namespace {
 
 // Any other value than 0 keeps an event from the rest of the desktop.
@@ -12,7 +13,8 @@ constexpr LRESULT swallow = 1;
 KeyboardEvent keyboardEvent(WPARAM message, const KBDLLHOOKSTRUCT& details) {
     return {.vk = details.vkCode,
             .down = message == WM_KEYDOWN || message == WM_SYSKEYDOWN,
-            .injected = (details.flags & LLKHF_INJECTED) != 0};
+            .injected = (details.flags & LLKHF_INJECTED) != 0,
+            .time = details.time};
 }
 
 std::uint32_t sideButton(DWORD mouseData) {
@@ -38,7 +40,8 @@ constexpr ButtonMessage buttonMessages[] = {
 
 MouseEvent mouseEvent(WPARAM message, const MSLLHOOKSTRUCT& details) {
     MouseEvent event{.point = {details.pt.x, details.pt.y},
-                     .injected = (details.flags & LLMHF_INJECTED) != 0};
+                     .injected = (details.flags & LLMHF_INJECTED) != 0,
+                     .time = details.time};
     if (message == WM_MOUSEMOVE) {
         event.kind = MouseEvent::Kind::move;
     } else if (message == WM_MOUSEWHEEL) {
@@ -57,16 +60,26 @@ MouseEvent mouseEvent(WPARAM message, const MSLLHOOKSTRUCT& details) {
 // Nothing may be thrown into the system; an event whose handling fails goes on to the others.
 template <class Event>
 bool swallows(bool (*handler)(const Event&), const Event& event) noexcept {
-    try {
-        return handler(event);
-    } catch (...) {
-        return false;
-    }
+    bool swallowed = false;
+    runFenced([&] { swallowed = handler(event); });
+    return swallowed;
+}
+
+HookHandle install(int kind, HOOKPROC procedure) {
+    return HookHandle(SetWindowsHookExW(kind, procedure, GetModuleHandleW(nullptr), 0));
+}
+
+// The old one first: had it lived, every event would be handled twice. Counts what was put back.
+void putBack(HookHandle& hook, int kind, HOOKPROC procedure) {
+    hook.reset();
+    hook = install(kind, procedure);
+    if (hook) health.hooksPutBack.fetch_add(1);
 }
 
 }  // namespace
 
 LRESULT CALLBACK keyboardHookProc(int code, WPARAM message, LPARAM event) noexcept {
+    hookWatch.onKeyboardCall();
     if (code >= 0) {
         const auto& details = *reinterpret_cast<const KBDLLHOOKSTRUCT*>(event);
         if (swallows(onKeyboardEvent, keyboardEvent(message, details))) return swallow;
@@ -75,11 +88,36 @@ LRESULT CALLBACK keyboardHookProc(int code, WPARAM message, LPARAM event) noexce
 }
 
 LRESULT CALLBACK mouseHookProc(int code, WPARAM message, LPARAM event) noexcept {
+    hookWatch.onMouseCall();
     if (code >= 0) {
         const auto& details = *reinterpret_cast<const MSLLHOOKSTRUCT*>(event);
         if (swallows(onMouseEvent, mouseEvent(message, details))) return swallow;
     }
     return CallNextHookEx(nullptr, code, message, event);
+}
+
+InputHooks::InputHooks()
+    : mouseHook_(install(WH_MOUSE_LL, mouseHookProc)),
+      keyboardHook_(install(WH_KEYBOARD_LL, keyboardHookProc)) {
+    hookWatch = {};
+    noteMissing();
+}
+
+void InputHooks::putBackLost() {
+    LASTINPUTINFO last{sizeof last, 0};
+    GetLastInputInfo(&last);
+    const auto lost = hookWatch.judge({.now = GetTickCount(),
+                                       .lastInput = last.dwTime,
+                                       .inFrontReachable = foregroundNow() == Foreground::reachable,
+                                       .mouseMissing = !mouseHook_,
+                                       .keyboardMissing = !keyboardHook_});
+    if (lost.mouse) putBack(mouseHook_, WH_MOUSE_LL, mouseHookProc);
+    if (lost.keyboard) putBack(keyboardHook_, WH_KEYBOARD_LL, keyboardHookProc);
+    noteMissing();
+}
+
+void InputHooks::noteMissing() const {
+    health.hooksMissing.exchange(!mouseHook_ || !keyboardHook_);
 }
 
 }  // namespace ravelin

@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/input_hooks_win32.h"
 #include "input/raw_input_window_win32.h"
 #include "support/win32_handles.h"
@@ -13,13 +14,16 @@ namespace {
 
 std::atomic<DWORD> inputThreadId{0};  // 0: not running
 
+constexpr UINT watchHooksEveryMs = 1000;
+
 void watchUntilQuit() {
-    const HMODULE self = GetModuleHandleW(nullptr);
     const RawInputWindow window;
-    const HookHandle mouseHook(SetWindowsHookExW(WH_MOUSE_LL, mouseHookProc, self, 0));
-    const HookHandle keyboardHook(SetWindowsHookExW(WH_KEYBOARD_LL, keyboardHookProc, self, 0));
+    InputHooks hooks;
+    const ThreadTimer timer(SetTimer(nullptr, 0, watchHooksEveryMs, nullptr));
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (message.message == WM_TIMER && message.wParam == timer.get())
+            runFenced([&hooks] { hooks.putBackLost(); });
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/requests.h"
 #include "input/synthetic_input.h"
 #include "input/tool_settings.h"
@@ -25,18 +27,18 @@ std::size_t targetCount() {
 // What the worker keeps between rounds.
 class Presser {
   public:
-    void pressAllThenReleaseAll(std::size_t count) {
+    // Presses and releases the keys of one round. They are read once, before the first press: the
+    // page may change the list at any moment, and a key that left it would never be released.
+    void playRound(std::size_t count, bool chord) {
         for (std::size_t i = 0; i < count; ++i)
-            sendTarget(i, true);
-        for (std::size_t i = 0; i < count; ++i)
-            sendTarget(i, false);
-    }
-
-    void pressNext(std::size_t count) {
+            refresh(i);
         if (turn_ >= count) turn_ = 0;
-        sendTarget(turn_, true);
-        sendTarget(turn_, false);
-        turn_ = (turn_ + 1) % count;
+        if (chord) {
+            pressThenRelease(std::span(slots_).first(count));
+        } else {
+            pressThenRelease(std::span(slots_).subspan(turn_, 1));
+            turn_ = (turn_ + 1) % count;
+        }
     }
 
   private:
@@ -46,11 +48,16 @@ class Presser {
         bool extended = false;
     };
 
-    void sendTarget(std::size_t index, bool down) {
+    void refresh(std::size_t index) {
         Slot& slot = slots_[index];
         if (const auto vk = keySpamTargets.keys[index].load(); slot.vk != vk)
             slot = {vk, platform::scanCode(vk), isExtendedKey(vk)};
-        platform::send(keyRecord(slot.scan, slot.extended, down));
+    }
+
+    static void pressThenRelease(std::span<const Slot> keys) {
+        for (const bool down : {true, false})
+            for (const Slot& key : keys)
+                sendKeyRecord(keyRecord(key.scan, key.extended, down));
     }
 
     std::array<Slot, slotCount> slots_;
@@ -74,10 +81,7 @@ std::uint32_t spamRound(Presser& presser) {
         engine.keySpamming.exchange(false);
         return 0;
     }
-    if (keySpamTargets.chord.load())
-        presser.pressAllThenReleaseAll(count);
-    else
-        presser.pressNext(count);
+    presser.playRound(count, keySpamTargets.chord.load());
     engine.pressCount.fetch_add(1);
     return waitMs(intervalMs(s.ksh.load(), s.ksm.load(), s.kss.load(), s.ksms.load()));
 }
@@ -92,8 +96,9 @@ void refreshFirstTarget() {
 void runKeySpammer() {
     Presser presser;
     while (engine.running.load()) {
-        if (const auto wait = spamRound(presser); wait > 0)
-            platform::waitForEventOrQuit(Event::keySpamWake, wait);
+        std::uint32_t wait = pauseAfterFailureMs;
+        runFenced([&] { wait = spamRound(presser); });
+        if (wait > 0) platform::waitForEventOrQuit(Event::keySpamWake, wait);
     }
 }
 

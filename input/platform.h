@@ -37,9 +37,11 @@ struct KeyInput {
     bool operator==(const KeyInput&) const = default;
 };
 
-// Put one record, alone, into the system's input stream. No time stamp, no extra information.
-void send(const MouseInput& input);
-void send(const KeyInput& input);
+// Put one record, alone, into the system's input stream, without time stamp or extra information.
+// Return whether the system took it: it refuses while a program with higher rights, or one that
+// blocks all input, is in front.
+bool send(const MouseInput& input);
+bool send(const KeyInput& input);
 
 // The scan code of a virtual key in the layout of this moment; 0 when it has none.
 std::uint32_t scanCode(std::uint32_t vk);
@@ -50,6 +52,9 @@ std::string systemKeyName(std::int32_t lParam);
 std::optional<Point> cursorPosition();
 Size primaryScreen();
 std::uint32_t doubleClickMs();
+// Returns the longest pause between two repeats of a held key that the user has asked for by Filter
+// Keys; 0 where that is off.
+std::uint32_t filterKeysPauseMs();
 // Whether the top-level window under the point belongs to this process or to another process of
 // the same executable. False when that cannot be told.
 bool isOwnWindowAt(Point point);

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 
 #include "input/platform.h"
@@ -9,28 +10,28 @@ namespace ravelin::platform {
 
 namespace {
 
-void sendAlone(INPUT& record) {
-    SendInput(1, &record, sizeof record);
+bool sendAlone(INPUT& record) {
+    return SendInput(1, &record, sizeof record) == 1;
 }
 
 }  // namespace
 
-void send(const MouseInput& input) {
+bool send(const MouseInput& input) {
     INPUT record{};
     record.type = INPUT_MOUSE;
     record.mi.dx = input.dx;
     record.mi.dy = input.dy;
     record.mi.mouseData = input.mouseData;
     record.mi.dwFlags = input.flags;
-    sendAlone(record);
+    return sendAlone(record);
 }
 
-void send(const KeyInput& input) {
+bool send(const KeyInput& input) {
     INPUT record{};
     record.type = INPUT_KEYBOARD;
     record.ki.wScan = input.scan;
     record.ki.dwFlags = input.flags;
-    sendAlone(record);
+    return sendAlone(record);
 }
 
 std::uint32_t scanCode(std::uint32_t vk) {
@@ -56,6 +57,14 @@ Size primaryScreen() {
 
 std::uint32_t doubleClickMs() {
     return GetDoubleClickTime();
+}
+
+std::uint32_t filterKeysPauseMs() {
+    FILTERKEYS keys{};
+    keys.cbSize = sizeof keys;
+    if (SystemParametersInfoW(SPI_GETFILTERKEYS, sizeof keys, &keys, 0) == 0) return 0;
+    if ((keys.dwFlags & FKF_FILTERKEYSON) == 0) return 0;
+    return std::max(keys.iDelayMSec, keys.iRepeatMSec);
 }
 
 std::int64_t counter() {

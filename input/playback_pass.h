@@ -5,6 +5,7 @@
 
 #include "input/event_list.h"
 #include "input/platform.h"
+#include "input/playback_gate.h"
 
 namespace ravelin {
 
@@ -12,20 +13,27 @@ namespace ravelin {
 // recorded position.
 class PlaybackPass {
   public:
-    explicit PlaybackPass(const EventList& events);
-    // Returns when every event is sent, or within one check (about a millisecond) after
-    // engine.playing or engine.running went off. Whether every event was sent.
+    PlaybackPass(const EventList& events, PlaybackGate::Run run);
+    // Sends every event, or stops within one check (about a millisecond) after the run was stopped
+    // or the program began to end. Returns whether the run still goes on.
     bool play();
+    // Releases the left and the right button if the events pressed them last: for the end of the
+    // program, when nobody else will.
+    void releaseHeldButtons();
 
   private:
-    void goToStart();
+    bool goToStart();
     double elapsed() const;
-    // Whether the moment came; false when playback is to end.
+    // Waits for the event's moment; false when the run is over.
     bool waitFor(const UnifiedEvent& event, double target);
-    void moveAlong(const UnifiedEvent& event, double target, double now);
+    bool moveAlong(const UnifiedEvent& event, double target, double now);
     void send(const UnifiedEvent& event);
+    void sendButton(std::uint32_t flags);
 
     const EventList& events_;
+    PlaybackGate::Run run_;
+    bool leftHeld_ = false;
+    bool rightHeld_ = false;
     std::int64_t start_ = 0;
     double previousTarget_ = 0.0;
     platform::Point base_;      // where the way to the next position starts

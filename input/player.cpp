@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "input/engine_state.h"
+#include "input/fence.h"
+#include "input/playback_gate.h"
 #include "input/playback_pass.h"
 #include "input/requests.h"
 #include "input/synthetic_input.h"
@@ -26,58 +28,62 @@ std::uint32_t loopPauseMs() {
     return waitMs(std::max(pause, 0.0));
 }
 
-void raiseToolStopsIfSet() {
-    if (engine.stopToolsWithMacro.load()) raiseToolStops();
-}
-
 void playOnce() {
+    const auto run = playbackGate.currentRun();
     const EventList macro = currentMacro();
     if (macro.empty()) {
-        engine.playing.exchange(false);
+        playbackGate.finish(run);
         return;
     }
-    const bool finished = PlaybackPass(macro).play();
-    if (toolSettings.tloop.load() && engine.playing.load()) {
+    PlaybackPass pass(macro, run);
+    const bool finished = pass.play();
+    if (finished && toolSettings.tloop.load()) {
         platform::waitForEventOrQuit(Event::playerWake, loopPauseMs());
         return;
     }
-    // A pass that was stopped found the flag off. By now it may be on again for the next one.
-    if (finished) engine.playing.exchange(false);
-    if (engine.stopToolsWithMacro.load()) {
+    if (finished) {
+        playbackGate.finish(run);
+    } else if (!engine.running.load() && playbackGate.currentRun() == run) {
+        pass.releaseHeldButtons();
+    }
+    // A stop has raised them already. Once more, and the tools that a new run has started by now
+    // would stop as well.
+    if (engine.stopToolsWithMacro.load() && !engine.playing.load()) {
         raiseToolStops();
         platform::signal(Event::command);
     }
 }
 
-// The middle button and keys that the macro holds at this moment stay down.
-void endPlayback() {
-    sendMouseButton(mouse_flag::leftUp);
-    sendMouseButton(mouse_flag::rightUp);
-    raiseToolStopsIfSet();
+void stopPlayback() {
+    if (playbackGate.stop() && engine.stopToolsWithMacro.load()) raiseToolStops();
 }
 
 }  // namespace
 
 void runPlayer() {
     while (engine.running.load()) {
-        if (engine.playing.load())
-            playOnce();
-        else
+        if (!engine.playing.load()) {
             platform::waitForEventOrQuit(Event::playerWake, platform::forever);
+        } else if (!runFenced(playOnce)) {
+            // Tried again it would fail again, and what it pressed would stay down.
+            stopPlayback();
+            platform::signal(Event::command);
+        }
     }
 }
 
 void applyPlayerRequests() {
     if (takeRequest(requests.playToggle) && !engine.recording.load()) {
-        if (!flip(engine.playing)) endPlayback();
+        if (engine.playing.load())
+            stopPlayback();
+        else
+            playbackGate.start();
         platform::signal(Event::playerWake);
     }
-    if (takeRequest(requests.startPlayback) && !engine.recording.load() &&
-        !engine.playing.exchange(true))
+    if (takeRequest(requests.startPlayback) && !engine.recording.load() && playbackGate.start())
         platform::signal(Event::playerWake);
-    if (takeRequest(requests.stopPlayback) && !engine.recording.load() &&
-        engine.playing.exchange(false)) {
-        endPlayback();
+    if (takeRequest(requests.stopPlayback) && !engine.recording.load() && engine.playing.load()) {
+        stopPlayback();
         platform::signal(Event::playerWake);
     }
 }

@@ -1,7 +1,11 @@
 #include "input/raw_input_window_win32.h"
 
+#include <optional>
+
 #include "input/capture.h"
 #include "input/engine_state.h"
+#include "input/fence.h"
+#include "input/input_hooks_win32.h"
 #include "input/tool_settings.h"
 
 namespace ravelin {
@@ -12,19 +16,26 @@ namespace {
 constexpr USHORT genericDesktopPage = 1;
 constexpr USHORT mouseUsage = 2;
 
-// Motion arrives up to thousands of times a second; it is read only when somebody wants it.
-bool wantsRawMotion() {
+bool recordsRawMotion() {
     return engine.recording && toolSettings.tmv && toolSettings.trel;
 }
 
-void onRawInput(HRAWINPUT handle) {
-    if (!wantsRawMotion()) return;
+std::optional<RAWMOUSE> readMouse(HRAWINPUT handle) {
     RAWINPUT input{};
     UINT size = sizeof input;
     const UINT read = GetRawInputData(handle, RID_INPUT, &input, &size, sizeof(RAWINPUTHEADER));
-    if (read == static_cast<UINT>(-1) || input.header.dwType != RIM_TYPEMOUSE) return;
-    if ((input.data.mouse.usFlags & MOUSE_MOVE_ABSOLUTE) != 0) return;
-    onRawMotion(input.data.mouse.lLastX, input.data.mouse.lLastY);
+    if (read == static_cast<UINT>(-1) || input.header.dwType != RIM_TYPEMOUSE) return std::nullopt;
+    return input.data.mouse;
+}
+
+// Reports arrive up to thousands of times a second; one is read only when somebody wants it.
+void onRawInput(HRAWINPUT handle) {
+    const DWORD now = GetTickCount();
+    std::optional<RAWMOUSE> mouse;
+    if (recordsRawMotion() || hookWatch.wantsRawMouse(now)) mouse = readMouse(handle);
+    hookWatch.onRawMouse(now, mouse && (mouse->lLastX != 0 || mouse->lLastY != 0));
+    if (mouse && (mouse->usFlags & MOUSE_MOVE_ABSOLUTE) == 0)
+        onRawMotion(mouse->lLastX, mouse->lLastY);
 }
 
 void onSessionChange(WPARAM reason) {
@@ -36,12 +47,11 @@ void onSessionChange(WPARAM reason) {
 
 LRESULT CALLBACK rawInputWindowProc(HWND window, UINT message, WPARAM wParam,
                                     LPARAM lParam) noexcept {
-    try {
+    // An event that cannot be recorded is lost; the thread lives on.
+    runFenced([&] {
         if (message == WM_INPUT) onRawInput(reinterpret_cast<HRAWINPUT>(lParam));
         if (message == WM_WTSSESSION_CHANGE) onSessionChange(wParam);
-    } catch (...) {
-        // An event that cannot be recorded is lost; the thread lives on.
-    }
+    });
     // Raw input too: the default procedure frees it.
     return DefWindowProcW(window, message, wParam, lParam);
 }

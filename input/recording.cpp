@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/recorder.h"
 #include "input/requests.h"
 #include "input/stitch.h"
@@ -101,7 +102,8 @@ void stitchRecorded() {
 
 void stopRecording() {
     engine.recording.exchange(false);
-    stitchRecorded();
+    // What was recorded stays as it is when memory runs out; the tools stop all the same.
+    runFenced(stitchRecorded);
     if (engine.stopToolsWithMacro.load()) raiseToolStops();
 }
 

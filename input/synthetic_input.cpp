@@ -1,5 +1,7 @@
 #include "input/synthetic_input.h"
 
+#include "input/engine_state.h"
+
 namespace ravelin {
 namespace {
 
@@ -11,25 +13,34 @@ std::int32_t normalised(std::int32_t pixel, std::int32_t screenSize) {
     return static_cast<std::int32_t>(std::int64_t{shifted} / screenSize);
 }
 
+template <class Record>
+void sendOrCount(const Record& record) {
+    if (!platform::send(record)) health.refusedSends.fetch_add(1);
+}
+
 }  // namespace
 
 void moveMouseAbsolute(std::int32_t x, std::int32_t y) {
     const auto screen = platform::primaryScreen();
-    platform::send(platform::MouseInput{.dx = normalised(x, screen.cx),
-                                        .dy = normalised(y, screen.cy),
-                                        .flags = mouse_flag::move | mouse_flag::absolute});
+    sendOrCount(platform::MouseInput{.dx = normalised(x, screen.cx),
+                                     .dy = normalised(y, screen.cy),
+                                     .flags = mouse_flag::move | mouse_flag::absolute});
 }
 
 void moveMouseRelative(std::int32_t dx, std::int32_t dy) {
-    platform::send(platform::MouseInput{.dx = dx, .dy = dy, .flags = mouse_flag::move});
+    sendOrCount(platform::MouseInput{.dx = dx, .dy = dy, .flags = mouse_flag::move});
 }
 
 void sendMouseButton(std::uint32_t flags, std::uint32_t mouseData) {
-    platform::send(platform::MouseInput{.mouseData = mouseData, .flags = flags});
+    sendOrCount(platform::MouseInput{.mouseData = mouseData, .flags = flags});
 }
 
 void sendKey(std::uint32_t vk, bool down) {
-    platform::send(keyRecord(platform::scanCode(vk), isExtendedKey(vk), down));
+    sendKeyRecord(keyRecord(platform::scanCode(vk), isExtendedKey(vk), down));
+}
+
+void sendKeyRecord(const platform::KeyInput& record) {
+    sendOrCount(record);
 }
 
 platform::KeyInput keyRecord(std::uint32_t scan, bool extended, bool down) {

@@ -1,7 +1,8 @@
 // Synthetic mouse and keyboard input, and the display names of keys and buttons.
 //
-// Every event is one record, sent alone. Nothing here keeps state: any thread may call any of it,
-// and the events of different threads interleave as the system takes them.
+// Every event is one record, sent alone; one that the system refuses is counted in `health`.
+// Nothing here keeps state: any thread may call any of it, and the events of different threads
+// interleave as the system takes them.
 #pragma once
 
 #include <cstdint>
@@ -43,8 +44,9 @@ void sendMouseButton(std::uint32_t flags, std::uint32_t mouseData = 0);
 // Presses or releases a key by its scan code of this moment; a key without one is sent as 0.
 void sendKey(std::uint32_t vk, bool down);
 
-// The record that sendKey sends, for callers that keep the scan code.
+// The record that sendKey sends, and its sending, for callers that keep the scan code.
 platform::KeyInput keyRecord(std::uint32_t scan, bool extended, bool down);
+void sendKeyRecord(const platform::KeyInput& record);
 // Page Up, Page Down, End, Home, the arrows, Insert and Delete. No other key counts as extended, so
 // right Ctrl and right Alt are sent and named as their left-hand twins.
 bool isExtendedKey(std::uint32_t vk);

@@ -56,7 +56,8 @@ bool isPanelId(std::string_view id);
 std::optional<std::vector<std::string>> parsePanelOrder(std::string_view text);
 
 // Overlays the defaults with what the file in the data folder holds, line by line; a line that
-// makes no sense is skipped.
+// makes no sense is skipped. Waits up to a second for a file that another program has locked. One
+// that stays unreadable is copied to "appsettings.txt.unread" before the first save.
 void loadAppSettings();
 // Rewrites the file. Failures are silent: the settings stay in memory for the next save.
 void saveAppSettings();

@@ -1,9 +1,14 @@
 // The file of the application settings: one "key=value" a line in a fixed order.
 #include <atomic>
+#include <optional>
+#include <vector>
 
 #include "input/engine_state.h"
+#include "input/platform.h"
 #include "persistence/app_settings.h"
 #include "persistence/data_folder.h"
+#include "persistence/unread_file.h"
+#include "support/file_system.h"
 #include "support/line_reader.h"
 #include "support/number_text.h"
 #include "support/text.h"
@@ -117,14 +122,41 @@ std::string path() {
     return dataFile("appsettings.txt");
 }
 
+// Of the user-interface thread, like everything here.
+UnreadFile unreadSettings;
+
+// The lines of the file, all or none: what is read before a failure would be saved as everything.
+std::optional<std::vector<std::string>> readAll(const std::string& file) {
+    auto reader = openLines(file);
+    if (!reader) return std::nullopt;
+    std::vector<std::string> lines;
+    for (std::string_view line; reader->next(line);)
+        lines.emplace_back(line);
+    if (reader->failed()) return std::nullopt;
+    return lines;
+}
+
+// The same, tried again for up to a second while another program, such as a backup, has the file.
+std::optional<std::vector<std::string>> readWhenFree(const std::string& file) {
+    constexpr std::uint32_t stepMs = 50;
+    constexpr int steps = 20;
+    auto lines = readAll(file);
+    for (int step = 0; !lines && isInUse(file) && step < steps; ++step) {
+        platform::sleepMs(stepMs);
+        lines = readAll(file);
+    }
+    return lines;
+}
+
 }  // namespace
 
 void loadAppSettings() {
-    auto lines = openLines(path());
-    if (!lines) return;
-    std::string_view line;
-    while (lines->next(line))
-        readLine(line);
+    if (const auto lines = readWhenFree(path())) {
+        for (const auto& line : *lines)
+            readLine(line);
+    } else {
+        unreadSettings.note(path(), path() + ".unread");
+    }
 }
 
 void saveAppSettings() {
@@ -135,7 +167,7 @@ void saveAppSettings() {
     writer.line("minimizedPanels", joined(appSettings.minimizedPanels));
     writer.line("panelOrder", joined(appSettings.panelOrder));
     visitPlacement(writer);
-    writeTextFile(path(), text);
+    if (unreadSettings.keepCopy()) writeTextFile(path(), text);
 }
 
 }  // namespace ravelin

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "input/engine_state.h"
+#include "input/fence.h"
 #include "input/platform.h"
 #include "persistence/session_file.h"
 
@@ -25,7 +26,7 @@ bool waitForNextSave() {
 
 void runAutosave() {
     while (waitForNextSave())
-        saveSession();
+        runFenced(saveSession);
 }
 
 }  // namespace ravelin

@@ -27,8 +27,12 @@ std::string readMacro(LineReader& lines, Profile& out) {
 }
 
 std::string readMacroFile(const std::string& path, Profile& out) {
-    auto lines = openLines(path);
-    return lines ? readMacro(*lines, out) : "Couldn't open that macro file.";
+    auto lines = openLines(path, LoneReturn::removed);
+    Profile profile;
+    const std::string problem = lines ? readMacro(*lines, profile) : "";
+    if (!lines || lines->failed()) return "Couldn't open that macro file.";
+    if (problem.empty()) out = std::move(profile);
+    return problem;
 }
 
 std::string writeMacroFile(const std::string& path, const Profile& profile) {

@@ -2,6 +2,7 @@
 // runs.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 namespace ravelin {
@@ -9,16 +10,26 @@ namespace ravelin {
 // Set once at start, before any other thread exists.
 inline std::string sessionPath;
 
-// Replaces the profile list with the file's. True when at least one profile was read; otherwise
-// the list stays as it was, though the file's settings line may have been applied. Called at
-// start, before the tools run.
+// Set once the profiles stand. A crash before that has nothing to save, and would save it over an
+// intact file.
+inline std::atomic<bool> sessionStands{false};
+
+// Replaces the profile list with the file's. Returns true when at least one profile was read;
+// otherwise the list stays as it was, though the file's settings line may have been applied. Called
+// once at start, before the tools run.
+//
+// A file that gave no profile, or could not be read to its end, is copied to its name with
+// ".refused" before the first save. One that was read is copied to its name with ".start", for the
+// user to go back to; the program never reads that. A file that stops in the middle of a line was
+// cut off by a crash or a power cut: the copy of the start before stays.
 bool loadSession();
 
-// Rewrites the file. Any thread; saves run one after another. Skipped when another thread holds
-// profileMutex at this moment, and silent when the file cannot be opened.
+// Rewrites the file, in one go once the text is complete. Any thread; saves run one after another.
+// Skipped when another thread holds profileMutex at this moment, and silent when the file cannot be
+// opened. Throws std::bad_alloc, with the file as it was.
 void saveSession();
-// The same for a process that crashes: skipped when a save is under way, which may be the one that
-// crashed.
+// The same for a process that crashes. Waits up to a second for a save that is under way; one that
+// crashed itself cannot be waited for.
 void saveSessionFromCrash() noexcept;
 
 }  // namespace ravelin

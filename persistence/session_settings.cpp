@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <cmath>
 #include <cstdint>
 #include <span>
 
@@ -123,7 +124,10 @@ void applySessionSettings(std::string_view line) {
     std::array<std::string_view, sessionFieldCount> places;
     const std::span<const std::string_view> fields = splitInto(places, line, ',');
     if (fields.size() < 23) return;
+    const float speed = toolSettings.tspd.load();
     visitClickerAndOptions(FieldReader(fields));
+    // The conversion takes "inf" and "nan", which no JSON text can hold.
+    if (!std::isfinite(toolSettings.tspd.load())) toolSettings.tspd.exchange(speed);
     if (fields.size() >= 31) visitKeySpammer(FieldReader(fields.subspan(23)));
     if (fields.size() >= 33) {
         setTargets(fields[31]);

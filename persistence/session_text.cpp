@@ -4,6 +4,7 @@
 
 #include "persistence/event_line.h"
 #include "persistence/session_settings.h"
+#include "support/block_writer.h"
 #include "support/number_text.h"
 #include "support/text_file.h"
 
@@ -31,7 +32,6 @@ void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
     std::string_view line;
     while (lines.next(line)) {
         if (takePrefix(line, profilePrefix)) {
-            if (profiles.size() == mostProfilesRead) return;
             profiles.push_back(Profile{std::string(line), {}, {}});
         } else if (profiles.empty()) {
             continue;
@@ -45,7 +45,19 @@ void readProfiles(LineReader& lines, std::vector<Profile>& profiles) {
 
 }  // namespace
 
-void writeSession(BlockWriter& out, const Session& session) {
+std::string sessionText(const Session& session) {
+    std::string text;
+    std::size_t events = 0;
+    for (const auto& profile : session.profiles)
+        events += profile.events.size();
+    // About the length of the lines; growing a text of many megabytes would copy it again and
+    // again.
+    constexpr std::size_t usualEventLine = 30;
+    text.reserve(events * usualEventLine + 1024);
+    BlockWriter out([&text](std::string_view block) {
+        text += block;
+        return true;
+    });
     writeLine(out, settingsPrefix, session.settingsLine);
     writeLine(out, currentPrefix, std::to_string(session.current));
     for (const auto& profile : session.profiles) {
@@ -54,6 +66,8 @@ void writeSession(BlockWriter& out, const Session& session) {
             writeLine(out, profileSettingsPrefix, profile.settingsLine);
         writeEvents(out, profile.events);
     }
+    out.finish();
+    return text;
 }
 
 std::optional<Session> readSession(LineReader& lines) {

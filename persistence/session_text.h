@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "persistence/profiles.h"
-#include "support/block_writer.h"
 #include "support/line_reader.h"
 
 namespace ravelin {
@@ -19,15 +18,11 @@ struct Session {
     std::vector<Profile> profiles;
 };
 
-// Writes the text as it lies on disk.
-void writeSession(BlockWriter& out, const Session& session);
+// Returns the text as it lies on disk.
+std::string sessionText(const Session& session);
 
 // Nothing when the text does not begin with a settings line. Lines that make no sense are skipped
 // one by one; the current index is as the text has it, within the list or not.
 std::optional<Session> readSession(LineReader& lines);
-
-// The program itself keeps a handful of profiles. The bound keeps a damaged file of nothing but
-// profile lines from filling the memory; what stands behind the last one is not read.
-inline constexpr std::size_t mostProfilesRead = 256;
 
 }  // namespace ravelin

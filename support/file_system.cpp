@@ -35,6 +35,15 @@ bool moveFile(const std::string& from, const std::string& to) {
     return fs::copy_file(from, to, error) && fs::remove(from, error);
 }
 
+bool copyFile(const std::string& from, const std::string& to) {
+    std::error_code error;
+    return fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+}
+
+bool isInUse(const std::string& /*path*/) {
+    return false;  // files are not locked against reading here
+}
+
 bool deleteFile(const std::string& path) {
     std::error_code error;
     return !fs::is_directory(path, error) && fs::remove(path, error);

@@ -32,7 +32,13 @@ void createFolder(const std::string& path);
 // Moves a file, across volumes as a copy and a deletion. Never replaces what is at the target.
 bool moveFile(const std::string& from, const std::string& to);
 
+// Copies a file, replacing what is at the target.
+bool copyFile(const std::string& from, const std::string& to);
+
 bool deleteFile(const std::string& path);
+
+// Whether another program keeps the file from being read at this moment, which usually passes.
+bool isInUse(const std::string& path);
 
 // Tells one state of a file from another: when it was written last, in units of the system, and its
 // length.

@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "support/win32_handles.h"
+
 namespace ravelin {
 namespace {
 
@@ -36,6 +38,17 @@ void createFolder(const std::string& path) {
 
 bool moveFile(const std::string& from, const std::string& to) {
     return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_COPY_ALLOWED) != 0;
+}
+
+bool copyFile(const std::string& from, const std::string& to) {
+    return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0;
+}
+
+bool isInUse(const std::string& path) {
+    const FileHandle file(CreateFileA(path.c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return !file && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 bool deleteFile(const std::string& path) {

@@ -16,10 +16,11 @@ std::string_view withoutReturn(const char* begin, const char* end) {
 
 }  // namespace
 
-LineReader::LineReader(Source source, std::size_t blockSize)
+LineReader::LineReader(Source source, std::size_t blockSize, LoneReturn loneReturn)
     : source_(std::move(source)),
       capacity_(blockSize),
-      buffer_(std::make_unique_for_overwrite<char[]>(blockSize)) {}
+      buffer_(std::make_unique_for_overwrite<char[]>(blockSize)),
+      loneReturn_(loneReturn) {}
 
 bool LineReader::next(std::string_view& line) {
     std::size_t searched = begin_;
@@ -29,14 +30,19 @@ bool LineReader::next(std::string_view& line) {
             const auto* const lineFeed = static_cast<const char*>(found);
             line = withoutReturn(buffer_.get() + begin_, lineFeed);
             begin_ = static_cast<std::size_t>(lineFeed - buffer_.get()) + 1;
+            lineFeedSeen_ = true;
             return true;
         }
         // What was searched once is not searched again, however long the line grows.
         searched = end_ - begin_;
     } while (fill());
-    if (begin_ == end_) return false;
-    line = withoutReturn(buffer_.get() + begin_, buffer_.get() + end_);
+    if (begin_ == end_ || failed_) return false;
+    const char* const begin = buffer_.get() + begin_;
+    const char* const end = buffer_.get() + end_;
+    line = loneReturn_ == LoneReturn::removed ? withoutReturn(begin, end)
+                                              : std::string_view(begin, end);
     begin_ = end_;
+    lineFeedSeen_ = false;
     return true;
 }
 
@@ -52,24 +58,33 @@ bool LineReader::fill() {
         std::memmove(buffer_.get(), buffer_.get() + begin_, rest);
     }
     begin_ = 0;
-    end_ = rest + source_(buffer_.get() + rest, capacity_ - rest);
+    const auto read = source_(buffer_.get() + rest, capacity_ - rest);
+    failed_ = !read;
+    end_ = rest + read.value_or(0);
     return end_ > rest;
 }
 
-std::optional<LineReader> openLines(const std::string& path) {
+std::optional<LineReader> openLines(const std::string& path, LoneReturn loneReturn) {
     std::shared_ptr<std::FILE> file(File(std::fopen(path.c_str(), "rb")));
     if (!file) return std::nullopt;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     return LineReader(
-        [file](char* buffer, std::size_t size) { return std::fread(buffer, 1, size, file.get()); });
+        [file](char* buffer, std::size_t size) -> std::optional<std::size_t> {
+            const std::size_t count = std::fread(buffer, 1, size, file.get());
+            if (std::ferror(file.get()) != 0) return std::nullopt;
+            return count;
+        },
+        LineReader::defaultBlockSize, loneReturn);
 }
 
-LineReader linesOf(std::string_view text) {
-    return LineReader([text](char* buffer, std::size_t size) mutable {
-        const auto count = text.copy(buffer, size);
-        text.remove_prefix(count);
-        return count;
-    });
+LineReader linesOf(std::string_view text, LoneReturn loneReturn) {
+    return LineReader(
+        [text](char* buffer, std::size_t size) mutable {
+            const auto count = text.copy(buffer, size);
+            text.remove_prefix(count);
+            return count;
+        },
+        LineReader::defaultBlockSize, loneReturn);
 }
 
 }  // namespace ravelin

@@ -141,9 +141,7 @@ std::int32_t toIntOrThrow(std::string_view text) {
 
 Converted<std::int32_t> toStrictInt(std::string_view text) {
     const Magnitude m = readMagnitude(text);
-    const bool startsBlank = !text.empty() && isBlank(text.front());
-    if (startsBlank || m.length != text.size())
-        return failed<std::int32_t>(ConversionError::invalid);
+    if (m.length != text.size()) return failed<std::int32_t>(ConversionError::invalid);
     return signed32(m);
 }
 

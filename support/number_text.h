@@ -33,8 +33,8 @@ Converted<double> toDouble(std::string_view text);
 // argument") or std::out_of_range("stoi argument out of range").
 std::int32_t toIntOrThrow(std::string_view text);
 
-// The whole text is one decimal 32-bit integer: an optional sign is allowed, blanks and trailing
-// text are not.
+// The same, but the number must end where the text ends: " 5" and "+5" convert, "5 " and "5ms" do
+// not.
 Converted<std::int32_t> toStrictInt(std::string_view text);
 
 }  // namespace ravelin

@@ -78,6 +78,9 @@ inline void algorithm(BCRYPT_ALG_HANDLE value) {
 inline void windowClass(ATOM value) {
     UnregisterClassW(MAKEINTATOM(value), GetModuleHandleW(nullptr));
 }
+inline void threadTimer(UINT_PTR id) {
+    KillTimer(nullptr, id);
+}
 inline void comApartment(bool) {
     CoUninitialize();
 }
@@ -104,8 +107,9 @@ using HookHandle = Owner<HHOOK, UnhookWindowsHookEx>;
 using WindowHandle = Owner<HWND, DestroyWindow>;        // destroyed by the thread that made it
 using WindowClass = Owner<ATOM, closing::windowClass>;  // of this program
 using SessionNotification = Owner<HWND, WTSUnRegisterSessionNotification>;
-using TimerPeriod = Owner<UINT, timeEndPeriod>;           // milliseconds, after timeBeginPeriod
-using ComApartment = Owner<bool, closing::comApartment>;  // true: to be left again
+using ThreadTimer = Owner<UINT_PTR, closing::threadTimer>;  // of the calling thread, no window's
+using TimerPeriod = Owner<UINT, timeEndPeriod>;             // milliseconds, after timeBeginPeriod
+using ComApartment = Owner<bool, closing::comApartment>;    // true: to be left again
 using HttpHandle = Owner<HINTERNET, WinHttpCloseHandle>;
 using CryptAlgorithm = Owner<BCRYPT_ALG_HANDLE, closing::algorithm>;
 using CryptHash = Owner<BCRYPT_HASH_HANDLE, BCryptDestroyHash>;

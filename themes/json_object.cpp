@@ -2,6 +2,9 @@
 
 #include <rapidjson/reader.h>
 
+#include <algorithm>
+
+#include "support/json_escape.h"
 #include "themes/json_source.h"
 
 namespace ravelin {
@@ -53,28 +56,21 @@ class MemberHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Mem
     bool stopped_ = false;
 };
 
-// Takes the one string of a text that is nothing else.
-struct StringLength : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, StringLength> {
-    std::size_t length = 0;
-    bool String(const char*, rapidjson::SizeType size, bool) {
-        length = size;
-        return true;
-    }
-};
-
 }  // namespace
 
 JsonText::JsonText(std::string_view token) : raw_(token) {
     if (!token.starts_with('"')) return;
     raw_ = token.substr(1, token.size() - 2);
     if (raw_.find('\\') == std::string_view::npos) return;
-    std::string text(token);
-    rapidjson::InsituStringStream stream(text.data());
-    StringLength string;
-    rapidjson::Reader().Parse<rapidjson::kParseInsituFlag>(stream, string);
-    text.erase(0, 1);  // the opening quote, before which nothing was unescaped
-    text.resize(string.length);
-    unescaped_ = std::move(text);
+    std::string& text = unescaped_.emplace();
+    for (std::string_view rest = raw_; !rest.empty();) {
+        std::size_t taken = resolveJsonEscape(rest, text);
+        if (taken == 0) {
+            taken = std::max<std::size_t>(std::min(rest.find('\\'), rest.size()), 1);
+            text += rest.substr(0, taken);
+        }
+        rest.remove_prefix(taken);
+    }
 }
 
 JsonWalk walkJsonObject(std::string_view objectText, const JsonMemberVisitor& visit) {

@@ -2,9 +2,9 @@
 // text, so a document of many megabytes costs no more memory than its own.
 //
 // A text counts as an object only when the whole of it is one well-formed JSON object with nothing
-// but white space around it. Strings may hold any byte above 31. A number beyond the range of a
-// double, the escape of the first half of a surrogate pair without the second, and nesting deeper
-// than jsonNestingCap count as malformed.
+// but white space around it. Strings may hold any byte above 31, and either half of a surrogate
+// pair alone. Numbers may be of any size: they are texts here. Nesting deeper than jsonNestingCap
+// counts as malformed.
 #pragma once
 
 #include <array>

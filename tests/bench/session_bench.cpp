@@ -105,6 +105,31 @@ void waitForTheProfilesDuringSaves(benchmark::State& state) {
 }
 BENCHMARK(waitForTheProfilesDuringSaves)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// How long a crash or a power cut would find the file cut short, a save: the time in which another
+// process sees it smaller than it is before and after.
+void fileIsCutDuringSaves(benchmark::State& state) {
+    const auto whole = static_cast<std::uintmax_t>(session().bytes);
+    std::atomic<bool> done{false};
+    double cut = 0;
+    std::thread watcher([&] {
+        std::error_code ignored;
+        auto since = Clock::now();
+        bool wasWhole = true;
+        while (!done || !wasWhole) {
+            const bool isWhole = std::filesystem::file_size(sessionPath, ignored) == whole;
+            if (wasWhole && !isWhole) since = Clock::now();
+            if (!wasWhole && isWhole) cut += milliseconds(Clock::now() - since);
+            wasWhole = isWhole;
+        }
+    });
+    for (auto _ : state)
+        saveSession();
+    done = true;
+    watcher.join();
+    state.counters["cut_ms"] = benchmark::Counter(cut, benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(fileIsCutDuringSaves)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 // The part of a save that holds the lock: a copy of the profiles.
 void copyAMillionEvents(benchmark::State& state) {
     session();

@@ -2,7 +2,7 @@
 // program's own console modes say, with the same exit codes and the line ends of its own system.
 import assert from 'node:assert/strict';
 import { spawnSync } from 'node:child_process';
-import { mkdirSync, writeFileSync } from 'node:fs';
+import { mkdirSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test from 'node:test';
 import { goodThemes } from './lib/themes.mjs';
@@ -43,6 +43,7 @@ const files = {
     'theme with a text for a format': file('format.json', '{"format":"1","name":"Näch\\u0074","template":"dark"}'),
     'missing file': path.join(folder, 'not there'),
     'theme with a skin': file('skin.json', goodThemes['pieces and a font'].text),
+    folder,
 };
 
 const ravelinCheck = (...args) => {
@@ -66,6 +67,15 @@ for (const mode of ['validate-macro', 'scan-macro', 'validate-theme']) {
 test('a good theme is told with its kind, its pieces and its font', () => {
     for (const [name, { text, says }] of Object.entries(goodThemes))
         assert.deepEqual(ravelinCheck(`--validate-theme=${file('good.json', text)}`), { status: 0, stdout: `${says}\n`, stderr: '' }, name);
+});
+
+test('a file that takes more memory than there is is rejected', () => {
+    // One line without an end, read whole before it turns out to be no event.
+    const place = file('endless.rvnmacro', 'Sample\n' + 'x'.repeat(100_000_000));
+    const limited = `ulimit -v 200000; exec "$0" "$@"`;
+    const { status, stdout, stderr } = spawnSync('sh', ['-c', limited, path.join(build, 'host/ravelin-check'), `--validate-macro=${place}`], { encoding: 'utf8', timeout: 60_000 });
+    assert.deepEqual([status, stdout, stderr], [1, 'REJECT out of memory\n', '']);
+    rmSync(place);
 });
 
 test('without a check to make it says how it is used, and exits with 2', () => {

@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check(appSettings.positionSaved == expected.positionSaved);
     const auto text = saved();
     std::size_t lines = 0;
-    for (const auto& line : test::referenceLines(text)) {
+    for (const auto& line : test::referenceLines(text, LoneReturn::kept)) {
         const auto equals = line.find('=');
         check(line.substr(equals + 1) == expected.values.at(line.substr(0, equals)));
         ++lines;

@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Profile expected;
     Profile read;
     Profile readInBlocks;
-    auto lines = linesOf(bytes);
+    auto lines = linesOf(bytes, LoneReturn::removed);
     const auto error = test::referenceMacro(bytes, expected);
     check(readMacro(lines, read) == error);
     check(readInSmallBlocks(bytes, readInBlocks) == error);

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "persistence/session_text.h"
-#include "tests/support/event_text.h"
 #include "tests/support/reference_reader.h"
 
 namespace {
@@ -47,9 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!session) return 0;
     check(same(*session, *expected));
     if (!survivesRounding(*session)) return 0;
-    const auto text = test::sessionText(*session);
+    const auto text = sessionText(*session);
     const auto again = read(text);
     check(again.has_value());
-    check(test::sessionText(*again) == text);
+    check(sessionText(*again) == text);
     return 0;
 }

@@ -26,6 +26,8 @@ void resetEngineState() {
     engine.stopToolsWithMacro = true;
     engine.panelHover = false;
     engine.counterFrequency = platform::counterFrequency();
+    health.failures = health.refusedSends = health.hooksPutBack = 0;
+    health.hooksMissing = false;
 }
 
 // A recording that begins and ends without a profile leaves nothing behind of those before it.

@@ -1,6 +1,7 @@
 #include "tests/support/input_script.h"
 
 #include <charconv>
+#include <cmath>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -80,11 +81,13 @@ bool swallowed(const Word& word) {
     if (word.change == Word::Change::none)
         throw std::invalid_argument("neither pressed nor released: " + std::string(word.name));
     const bool press = word.change == Word::Change::press;
-    if (code > 6) return onKeyboardEvent({code, press, word.injected});
+    const auto time = static_cast<std::uint32_t>(std::llround(desktop.now() * 1000));
+    if (code > 6) return onKeyboardEvent({code, press, word.injected, time});
     return onMouseEvent({.kind = press ? MouseEvent::Kind::press : MouseEvent::Kind::release,
                          .button = code,
                          .point = word.point(),
-                         .injected = word.injected});
+                         .injected = word.injected,
+                         .time = time});
 }
 
 // Whether the word is motion; if so it is fed.

@@ -13,11 +13,12 @@
 
 namespace ravelin::test {
 
-inline std::vector<std::string> referenceLines(const std::string& bytes) {
+inline std::vector<std::string> referenceLines(const std::string& bytes, LoneReturn loneReturn) {
     std::istringstream stream(bytes);
     std::vector<std::string> lines;
     for (std::string line; std::getline(stream, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const bool lone = stream.eof() && loneReturn == LoneReturn::kept;
+        if (!line.empty() && line.back() == '\r' && !lone) line.pop_back();
         lines.push_back(line);
     }
     return lines;
@@ -55,7 +56,7 @@ inline bool beginsWith(const std::string& line, const std::string& prefix) {
 
 // The error text, empty on success.
 inline std::string referenceMacro(const std::string& bytes, Profile& out) {
-    const auto lines = referenceLines(bytes);
+    const auto lines = referenceLines(bytes, LoneReturn::removed);
     if (lines.empty() || lines[0].empty()) return "That macro file is missing its profile name.";
     out = Profile{lines[0], captureToolSettings(), {}};
     std::size_t first = 1;
@@ -69,7 +70,7 @@ inline std::string referenceMacro(const std::string& bytes, Profile& out) {
 }
 
 inline std::optional<Session> referenceSession(const std::string& bytes) {
-    const auto lines = referenceLines(bytes);
+    const auto lines = referenceLines(bytes, LoneReturn::kept);
     if (lines.empty() || !beginsWith(lines[0], "SETTINGS:")) return std::nullopt;
     Session session;
     session.settingsLine = lines[0].substr(9);
@@ -77,7 +78,6 @@ inline std::optional<Session> referenceSession(const std::string& bytes) {
         session.current = standardInt(lines[1].substr(8)).value;
     for (std::size_t i = 2; i < lines.size(); ++i) {
         if (beginsWith(lines[i], "PROFILE:")) {
-            if (session.profiles.size() == mostProfilesRead) break;
             session.profiles.push_back(Profile{lines[i].substr(8), {}, {}});
         } else if (!session.profiles.empty() && beginsWith(lines[i], "PROFILESETTINGS:")) {
             session.profiles.back().settingsLine = lines[i].substr(16);

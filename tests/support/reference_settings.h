@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <set>
 #include <sstream>
@@ -40,6 +41,7 @@ inline bool storeInt(std::string& place, const std::string& text) {
 inline bool storeFloat(std::string& place, const std::string& text) {
     const auto number = standardFloat(text);
     if (!number) return false;
+    if (!std::isfinite(number.value)) return true;  // converts, and is not taken over
     std::ostringstream stream;
     stream << number.value;
     place = stream.str();
@@ -107,10 +109,10 @@ inline void referenceProfileSettings(const std::string& line, Fields& live) {
     }
 }
 
+// The standard conversion takes the text, and stops where the text stops.
 inline bool referenceIsStrict(const std::string& text) {
     const auto first = text.find_first_of("0123456789");
-    return first != std::string::npos && first <= 1 &&
-           (first == 0 || text[0] == '-' || text[0] == '+') &&
+    return first != std::string::npos &&
            text.find_first_not_of("0123456789", first) == std::string::npos &&
            static_cast<bool>(standardInt(text));
 }
@@ -154,7 +156,7 @@ inline void referenceAppSettings(const std::string& bytes, ReferenceAppSettings&
                                                   "windowHeight"};
     static const std::set<std::string> panels = {"panel-ui", "panel-profile", "panel-spammer",
                                                  "panel-keyspam", "panel-tracker"};
-    for (const auto& line : referenceLines(bytes)) {
+    for (const auto& line : referenceLines(bytes, LoneReturn::kept)) {
         const auto equals = line.find('=');
         if (equals == std::string::npos) continue;
         const auto key = line.substr(0, equals);

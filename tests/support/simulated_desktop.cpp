@@ -91,7 +91,8 @@ std::vector<double> SimulatedDesktop::times() const {
     return times;
 }
 
-void SimulatedDesktop::send(const std::variant<platform::MouseInput, platform::KeyInput>& input) {
+bool SimulatedDesktop::send(const std::variant<platform::MouseInput, platform::KeyInput>& input) {
+    if (!takesInput) return false;
     log.push_back({now(), input, std::visit([](const auto& i) { return describe(i); }, input)});
     if (const auto* mouse = std::get_if<platform::MouseInput>(&input);
         mouse != nullptr && (mouse->flags & mouse_flag::absolute) != 0)
@@ -99,6 +100,7 @@ void SimulatedDesktop::send(const std::variant<platform::MouseInput, platform::K
                   static_cast<std::int32_t>(pixelOf(mouse->dy, screen.cy))};
     if (log.size() >= logLimit) endRun();
     if (onSend) onSend(Sent(log.back()));
+    return true;
 }
 
 void SimulatedDesktop::signal(platform::Event event) {
@@ -169,12 +171,12 @@ namespace ravelin::platform {
 
 using test::desktop;
 
-void send(const MouseInput& input) {
-    desktop.send(input);
+bool send(const MouseInput& input) {
+    return desktop.send(input);
 }
 
-void send(const KeyInput& input) {
-    desktop.send(input);
+bool send(const KeyInput& input) {
+    return desktop.send(input);
 }
 
 std::uint32_t scanCode(std::uint32_t vk) {
@@ -201,6 +203,10 @@ Size primaryScreen() {
 
 std::uint32_t doubleClickMs() {
     return desktop.doubleClickMs;
+}
+
+std::uint32_t filterKeysPauseMs() {
+    return desktop.filterKeysPauseMs;
 }
 
 bool isOwnWindowAt(Point point) {

@@ -48,6 +48,8 @@ class SimulatedDesktop {
     bool cursorKnown = true;
     platform::Point cursor;
     std::uint32_t doubleClickMs = 500;
+    std::uint32_t filterKeysPauseMs = 0;
+    bool takesInput = true;  // false: every record is refused, and is not in the log
     std::function<bool(platform::Point)> isOwnWindow = [](platform::Point) { return false; };
     std::map<std::uint32_t, std::string> keyNames;  // by virtual-key code
     std::uint32_t scanLookups = 0;
@@ -61,7 +63,7 @@ class SimulatedDesktop {
     std::vector<double> times() const;
 
     // The platform's half.
-    void send(const std::variant<platform::MouseInput, platform::KeyInput>& input);
+    bool send(const std::variant<platform::MouseInput, platform::KeyInput>& input);
     void signal(platform::Event event);
     void wait(platform::Event event, std::uint32_t milliseconds);
     void sleep(std::uint32_t milliseconds);

@@ -28,9 +28,14 @@ constexpr auto patience = std::chrono::minutes(1);
 }  // namespace
 
 EngineThreads::EngineThreads() {
+    restart();
+}
+
+void EngineThreads::restart() {
     resetEngine();
     lowerAllEvents();
-    sentCounts.mouse = sentCounts.keys = 0;
+    sentCounts.clear();
+    heldInput.releaseAll();
 }
 
 EngineThreads::~EngineThreads() {

@@ -18,6 +18,8 @@ class EngineThreads : public testing::Test {
     EngineThreads();
     ~EngineThreads() override;
 
+    // Everything as at the start of the program, before start() or after quit().
+    static void restart();
     // Clicker, key spammer, player and command thread.
     void start();
     // Clears running, sets quit and joins everything, as the program does at its end. A thread that

@@ -4,9 +4,11 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <random>
 #include <thread>
 
 #include "input/platform.h"
+#include "input/synthetic_input.h"
 
 namespace ravelin::test {
 namespace {
@@ -17,11 +19,52 @@ std::mutex mutex;
 std::condition_variable changed;
 std::array<bool, 5> signalled{};  // guarded by the mutex
 
+// The system takes input when it gets to it: sometimes tens of microseconds later, in which other
+// threads go on.
+void letTheSystemTakeItsTime() {
+    thread_local std::minstd_rand dice(std::random_device{}());
+    const auto end = Clock::now() + std::chrono::microseconds(dice() % 4 == 0 ? dice() % 60 : 0);
+    while (Clock::now() < end)
+        std::this_thread::yield();
+}
+
 bool& flagOf(platform::Event event) {
     return signalled[static_cast<std::size_t>(event)];
 }
 
 }  // namespace
+
+void HeldInput::mouse(std::uint32_t flags) {
+    constexpr std::array downs{mouse_flag::leftDown, mouse_flag::rightDown, mouse_flag::middleDown};
+    const std::lock_guard lock(mutex_);
+    for (std::size_t i = 0; i < downs.size(); ++i) {
+        // The release flag of a button is the next bit.
+        if (flags == downs[i]) buttons_[i] = true;
+        if (flags == downs[i] << 1) buttons_[i] = false;
+    }
+}
+
+void HeldInput::key(std::uint16_t scan, bool down) {
+    const std::lock_guard lock(mutex_);
+    keys_[scan & 0xFF] = down;
+}
+
+void HeldInput::releaseAll() {
+    const std::lock_guard lock(mutex_);
+    buttons_ = {};
+    keys_ = {};
+}
+
+std::string HeldInput::names() const {
+    constexpr std::array buttonNames{"left ", "right ", "middle "};
+    const std::lock_guard lock(mutex_);
+    std::string text;
+    for (std::size_t i = 0; i < buttons_.size(); ++i)
+        if (buttons_[i]) text += buttonNames[i];
+    for (std::size_t i = 0; i < keys_.size(); ++i)
+        if (keys_[i]) text += "key " + std::to_string(i) + ' ';
+    return text;
+}
 
 void lowerAllEvents() {
     const std::lock_guard lock(mutex);
@@ -32,12 +75,20 @@ void lowerAllEvents() {
 
 namespace ravelin::platform {
 
-void send(const MouseInput& /*input*/) {
+bool send(const MouseInput& input) {
+    test::letTheSystemTakeItsTime();
+    test::heldInput.mouse(input.flags);
+    if (input.flags == mouse_flag::leftUp) test::sentCounts.leftUps.fetch_add(1);
+    if (input.flags == mouse_flag::rightUp) test::sentCounts.rightUps.fetch_add(1);
     test::sentCounts.mouse.fetch_add(1);
+    return true;
 }
 
-void send(const KeyInput& /*input*/) {
+bool send(const KeyInput& input) {
+    test::letTheSystemTakeItsTime();
+    test::heldInput.key(input.scan, (input.flags & key_flag::up) == 0);
     test::sentCounts.keys.fetch_add(1);
+    return true;
 }
 
 std::uint32_t scanCode(std::uint32_t vk) {
@@ -58,6 +109,10 @@ Size primaryScreen() {
 
 std::uint32_t doubleClickMs() {
     return 500;
+}
+
+std::uint32_t filterKeysPauseMs() {
+    return 0;
 }
 
 bool isOwnWindowAt(Point /*point*/) {

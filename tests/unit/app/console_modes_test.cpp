@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "tests/support/temp_folder.h"
@@ -41,6 +43,15 @@ Printed runSelfTest(bool passes) {
         report = "PASS 100% of " + path + "\n";
         return passes;
     });
+}
+
+TEST(ConsoleSelfTest, RejectsWhatItCannotFinish) {
+    Switches switches;
+    switches.selfTestUpdate = "vectors";
+    EXPECT_EQ(run(switches, [](auto&, auto&) -> bool { throw std::bad_alloc(); }),
+              (Printed{1, "REJECT out of memory\n"}));
+    EXPECT_EQ(run(switches, [](auto&, auto&) -> bool { throw std::runtime_error("broken"); }),
+              (Printed{1, "REJECT broken\n"}));
 }
 
 TEST(ConsoleSelfTest, PrintsTheReportAndThatAllPassed) {

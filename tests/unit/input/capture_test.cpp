@@ -89,6 +89,56 @@ TEST_F(KeyCapture, WorksWhileTheHotkeysAreSwitchedOff) {
     EXPECT_EQ(hotkeys.rec.load(), 113U);
 }
 
+TEST_F(KeyCapture, IsAnsweredOnceByAKeyThatIsHeld) {
+    for (const std::string slot : {"rec", "play", "auto", "keyspamhotkey", "unlock"}) {
+        resetEngine();
+        passOnEverySignal();
+        reassignKey(slot);
+        // The capture answered, the repeats are nobody's press and fire nothing.
+        EXPECT_EQ(feed("0 F2↓ 500 F2↓ 530 F2↓ F2↑"), "F2↓=hidden F2↓=seen F2↓=seen F2↑=seen");
+        EXPECT_FALSE(engine.recording || engine.playing || engine.autoClicking ||
+                     engine.keySpamming || !hotkeys.unlocked)
+            << slot;
+        EXPECT_EQ(feed("F2↓"), "F2↓=hidden") << slot;
+        EXPECT_TRUE(engine.recording || engine.playing || engine.autoClicking ||
+                    engine.keySpamming || !hotkeys.unlocked)
+            << slot;
+    }
+}
+
+TEST_F(KeyCapture, KeepsARecordedMacroWhenTheRecordKeyIsHeldAtItsCapture) {
+    macro() = {{.kind = 3, .vk = 65, .down = 1}};
+    reassignKey("rec");
+    feed("0 F2↓ 500 F2↓");
+    EXPECT_EQ(macro().size(), 1U);
+}
+
+TEST_F(KeyCapture, CountsAHotkeyThatIsHeldWhileItIsCapturedAsDown) {
+    EXPECT_EQ(feed("0 F6↓"), "F6↓=hidden");
+    EXPECT_TRUE(engine.autoClicking);
+    reassignKey("rec");
+    EXPECT_EQ(feed("500 F6↓ 530 F6↓ F6↑"), "F6↓=hidden F6↓=hidden F6↑=hidden");
+    EXPECT_FALSE(engine.recording);
+}
+
+TEST_F(KeyCapture, CountsTheButtonThatAnswersAsDown) {
+    reassignKey("rec");
+    EXPECT_EQ(feed("0 middle↓ 20 middle↓ middle↑ middle↓"),
+              "middle↓=hidden middle↓=seen middle↑=seen middle↓=hidden");
+    EXPECT_TRUE(engine.recording);
+}
+
+TEST_F(KeyCapture, CountsTheButtonThatAnswersThePickerAsDown) {
+    hotkeys.rec = 1;
+    hotkeys.autoClicker = 2;
+    for (const std::string button : {"left", "right"}) {
+        pickLocation();
+        EXPECT_EQ(feed(button + "↓ 20 " + button + "↓ " + button + "↑"),
+                  button + "↓=hidden " + button + "↓=seen " + button + "↑=seen");
+        EXPECT_FALSE(engine.recording || engine.autoClicking);
+    }
+}
+
 TEST_F(KeyCapture, IgnoresInjectedInput) {
     reassignKey("rec");
     EXPECT_EQ(feed("~F2↓ ~middle↓"), "~F2↓=seen ~middle↓=seen");

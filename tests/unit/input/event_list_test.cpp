@@ -151,5 +151,25 @@ TEST(EventListTest, CanBeSearchedByStandardAlgorithms) {
     EXPECT_EQ((list.end() - 5000)->time, 0);
 }
 
+TEST(EventList, IsEmptyAfterItWasMovedFrom) {
+    EventList list{at(0), at(1)};
+    const EventList copy = list;
+    EventList built = std::move(list);
+    EXPECT_EQ(built, copy);
+    EXPECT_EQ(list.size(), 0U);  // NOLINT(bugprone-use-after-move)
+    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(list.begin(), list.end());
+    list.append(at(2));
+    EXPECT_EQ(list, EventList{at(2)});
+
+    EventList assigned{at(3)};
+    assigned = std::move(built);
+    EXPECT_EQ(assigned, copy);
+    EXPECT_EQ(built, EventList());  // NOLINT(bugprone-use-after-move)
+    auto& self = assigned;
+    assigned = std::move(self);
+    EXPECT_EQ(assigned, copy);
+}
+
 }  // namespace
 }  // namespace ravelin

@@ -103,6 +103,29 @@ INSTANTIATE_TEST_SUITE_P(
         Hearing{"KeysAndButtonsAreHeldApart", "A↓ left↓ A↓ left↑ A↑",
                 "A↓=hidden:recToggle left↓=seen A↓=hidden left↑=seen A↑=hidden",
                 [] { hotkeys.rec = 65; }},
+        Hearing{"SlowRepeatsAreRepeats", "0 F6↓ 1499 F6↓ 2998 F6↓ F6↑",
+                "F6↓=hidden:clickerToggle F6↓=hidden F6↓=hidden F6↑=hidden"},
+        Hearing{"APressAfterSilenceIsANewOne", "0 F6↓ 1500 F6↓ F6↑",
+                "F6↓=hidden:clickerToggle F6↓=hidden:clickerToggle F6↑=hidden"},
+        Hearing{"SilenceCountsFromTheLastRepeat", "0 F6↓ 1000 F6↓ 2400 F6↓ 3900 F6↓",
+                "F6↓=hidden:clickerToggle F6↓=hidden F6↓=hidden F6↓=hidden:clickerToggle"},
+        Hearing{"OtherKeysDoNotBreakTheSilence", "0 F6↓ 1000 A↓ A↑ 1600 F6↓",
+                "F6↓=hidden:clickerToggle A↓=seen A↑=seen F6↓=hidden:clickerToggle"},
+        Hearing{"AfterSilenceAKeyMayHaveBecomeAHotkey", "0 F5↓ 2000 F5↓ F5↑",
+                "F5↓=seen F5↓=hidden:recToggle F5↑=hidden",
+                [] { desktop.at(1, [] { hotkeys.rec = 116; }); }},
+        Hearing{"AfterSilenceAKeyMayBeAHotkeyNoMore", "0 F8↓ 2000 F8↓ F8↑",
+                "F8↓=hidden:recToggle F8↓=seen F8↑=seen",
+                [] { desktop.at(1, [] { hotkeys.rec = 116; }); }},
+        Hearing{"ASlowFilterKeysMakesSlowerRepeats", "0 F6↓ 3999 F6↓ 7999 F6↓",
+                "F6↓=hidden:clickerToggle F6↓=hidden F6↓=hidden:clickerToggle",
+                [] { desktop.filterKeysPauseMs = 2000; }},
+        Hearing{"AFastFilterKeysMakesNoRepeatANewPress", "0 F6↓ 1499 F6↓ 2999 F6↓",
+                "F6↓=hidden:clickerToggle F6↓=hidden F6↓=hidden:clickerToggle",
+                [] { desktop.filterKeysPauseMs = 100; }},
+        Hearing{"AButtonAfterSilenceIsANewPress", "0 middle↓ 1499 middle↓ 2999 middle↓ middle↑",
+                "middle↓=hidden:recToggle middle↓=seen middle↓=hidden:recToggle middle↑=hidden",
+                [] { hotkeys.rec = 4; }},
         Hearing{"ALockedSessionForgetsWhatIsHeld", "F6↓ leave F6↓ F6↑ A↓ leave A↑",
                 "F6↓=hidden:clickerToggle F6↓=hidden:clickerToggle F6↑=hidden A↓=seen A↑=seen"},
         Hearing{"ALockedSessionForgetsWhatWasSwallowed", "F6↓ leave F6↑ middle↓ leave middle↑",
@@ -111,6 +134,17 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return test.param.name; });
 
 class Hotkeys : public EngineTest {};
+
+TEST_F(Hotkeys, TellSilenceThoughTheTimeStampWrapsAround) {
+    const std::uint32_t f6 = 117;
+    const auto fires = [](std::uint32_t time) {
+        onKeyboardEvent({f6, true, false, time});
+        return takeRequest(requests.clickerToggle);
+    };
+    EXPECT_TRUE(fires(0xFFFFFF00));
+    EXPECT_FALSE(fires(0x00000100));
+    EXPECT_TRUE(fires(0x00000100 + 1500));
+}
 
 TEST_F(Hotkeys, SignalTheCommandEventOnlyWhenAccepted) {
     feed("A↓");

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+
 #include "input/capture.h"
 #include "tests/support/engine_test.h"
 #include "tests/support/input_script.h"
@@ -95,6 +97,61 @@ TEST_F(KeySpammer, StartsTheTurnAgainWhenTheListHasBecomeShorter) {
     quitAt(2.5);
     runKeySpammer();
     EXPECT_EQ(letters(), "AaBbAa");
+}
+
+TEST_F(KeySpammer, ReleasesWhatItPressedWhateverHappensToTheListMeanwhile) {
+    struct Change {
+        const char* name;
+        void (*make)();
+    };
+    static constexpr Change changes[] = {
+        {"first removed", [] { removeKeySpamTarget("0"); }},
+        {"last removed", [] { removeKeySpamTarget("2"); }},
+        {"all replaced",
+         [] { applyToolSettings("0,0,0,5,0,0,1,10,0,0,0,0,0,0,5,1,10,88,88|89,1"); }},
+        {"cleared", [] { clearProfile(); }},
+        {"chord off", [] { setKeySpamChordMode("0"); }},
+    };
+    for (const bool chord : {false, true})
+        for (const Change& change : changes)
+            for (std::size_t at = 0; at < (chord ? 6U : 2U); ++at) {
+                resetEngine();
+                passOnEverySignal();
+                setTargets({keyA, keyB, keyC});
+                keySpamTargets.chord = chord;
+                toolSettings.kss = 1;
+                requestAt(0, requests.keySpamStart);
+                desktop.onSend = [&](const Sent&) {
+                    if (desktop.log.size() == at + 1) change.make();
+                };
+                requestAt(0.5, requests.keySpamStop);
+                runKeySpammer();
+                std::map<std::string, int> down;
+                for (const Sent& sent : desktop.log)
+                    down[sent.text.substr(0, sent.text.find(' ', 4))] =
+                        sent.text.ends_with("down") ? 1 : 0;
+                for (const auto& [key, held] : down)
+                    EXPECT_EQ(held, 0) << key << ", " << change.name << " after record " << at
+                                       << (chord ? " of a chord" : " of a turn");
+            }
+}
+
+TEST_F(KeySpammer, StartsTheTurnAgainWhenTheListWasShorterDuringAChord) {
+    setTargets({keyA, keyB, keyC});
+    toolSettings.kss = 1;
+    toolSettings.ksms = 0;
+    requestAt(0, requests.keySpamStart);
+    desktop.at(1.5, [] {  // C would be next
+        keySpamTargets.count = 2;
+        keySpamTargets.chord = true;
+    });
+    desktop.at(2.5, [] {
+        keySpamTargets.count = 3;
+        keySpamTargets.chord = false;
+    });
+    quitAt(3.5);
+    runKeySpammer();
+    EXPECT_EQ(letters(), "AaBbABabAa");
 }
 
 TEST_F(KeySpammer, PressesAChordTogether) {

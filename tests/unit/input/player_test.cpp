@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "input/synthetic_input.h"
 #include "tests/support/engine_test.h"
 #include "tests/support/input_script.h"
 #include "tests/support/macro_builder.h"
@@ -338,6 +339,67 @@ TEST_F(Player, EndsWithinOneCheckAtQuit) {
     runPlayer();
     EXPECT_LT(desktop.now(), 5.002);
     EXPECT_THAT(desktop.log, IsEmpty());
+}
+
+TEST_F(Player, ReleasesTheButtonsThatItHoldsAtQuit) {
+    struct Case {
+        std::uint32_t flags;
+        std::string released;
+    };
+    for (const Case& one :
+         {Case{mouse_flag::leftDown, "left up"}, Case{mouse_flag::rightDown, "right up"},
+          Case{mouse_flag::middleDown, ""}, Case{mouse_flag::leftUp, ""}}) {
+        resetEngine();
+        passOnEverySignal();
+        macro() = {buttonEvent(0, one.flags, 5, 5), keyEvent(0.5, 65, true),
+                   keyEvent(10, 66, true)};
+        playAt(0);
+        quitAt(1);
+        runPlayer();
+        auto texts = desktop.texts();
+        EXPECT_EQ(texts.back(), one.released.empty() ? "key 65 down" : one.released);
+        EXPECT_EQ(texts.size(), one.released.empty() ? 4U : 5U);
+    }
+}
+
+TEST_F(Player, ReleasesNothingAtQuitThatAStopHasReleased) {
+    macro() = {buttonEvent(0, mouse_flag::leftDown, 5, 5), keyEvent(10, 66, true)};
+    playAt(0);
+    desktop.at(1, [] {
+        postRequest(requests.stopPlayback);
+        engine.running.exchange(false);
+        platform::signal(Event::quit);
+    });
+    runPlayer();
+    EXPECT_THAT(desktop.texts(), testing::Contains("left up").Times(1));
+}
+
+TEST_F(Player, BeginsAnewWhenItIsStoppedAndStartedBetweenTwoChecks) {
+    macro() = {keyEvent(0.1, 65, true), keyEvent(0.5, 66, true)};
+    playAt(0);
+    desktop.at(0.2, [] {
+        postRequest(requests.playToggle);
+        postRequest(requests.playToggle);
+    });
+    runPlayer();
+    EXPECT_EQ(sentSince(0), (Texts{"100 key 65 down", "200 left up", "200 right up",
+                                   "300 key 65 down", "700 key 66 down"}));
+}
+
+TEST_F(Player, CountsWhatTheSystemRefuses) {
+    macro() = {keyEvent(0, 65, true), keyEvent(0.1, 65, false), wheelEvent(0.2, 120),
+               rawEvent(0.3, 1, 1), moveEvent(0.3, 7, 7)};
+    desktop.takesInput = false;
+    playAt(0);
+    runPlayer();
+    // The move to the start, two keys, the wheel, the raw motion and the move.
+    EXPECT_EQ(health.refusedSends.load(), 6U);
+    desktop.takesInput = true;
+    playAt(1);
+    engine.running = true;
+    desktop.clearQuit();
+    runPlayer();
+    EXPECT_EQ(health.refusedSends.load(), 6U);
 }
 
 TEST_F(Player, WaitsForItsRequestWithoutACheck) {

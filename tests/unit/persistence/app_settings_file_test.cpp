@@ -101,6 +101,14 @@ TEST_F(AppSettingsFile, ReadsLinesWithEitherEnd) {
     EXPECT_EQ(appSettings.windowX, 5);
 }
 
+TEST_F(AppSettingsFile, KeepsALoneCarriageReturnAtItsVeryEnd) {
+    load("startMinimized=1\r\nalwaysOnTop=1\r");
+    EXPECT_TRUE(appSettings.startMinimized);
+    EXPECT_FALSE(appSettings.alwaysOnTop);
+    load("seenWarnings=a\r");
+    EXPECT_THAT(appSettings.seenWarnings, ElementsAre("a\r"));
+}
+
 TEST_F(AppSettingsFile, ReadsAFlagAsTrueOnlyForExactlyOne) {
     for (const auto* value : {"true", "yes", " 1", "1 ", "", "11", "1=", "-1", "1\r"}) {
         appSettings.alwaysOnTop = true;
@@ -197,7 +205,7 @@ TEST_F(AppSettingsFile, SurvivesDamage) {
         {"", false, 0},
         {"alwaysOnTop=1\r\nwindowX=12", true, 12},
         {"alwaysOnTop=1\r\nwindow", true, 0},
-        {"alwaysOnTop=1\r", true, 0},
+        {"alwaysOnTop=1\r", false, 0},
         {std::string("alwaysOnTop=1\0\nwindowX=5\0\n", 26), false, 5},
         {std::string(100000, '\0') + "\nalwaysOnTop=1\n", true, 0},
         {std::string(3000000, 'x') + "=1\nalwaysOnTop=1\n", true, 0},

@@ -57,6 +57,12 @@ TEST_F(MacroFile, HoldsANameSettingsAndEvents) {
     EXPECT_EQ(captureToolSettings(), liveLine);
 }
 
+TEST_F(MacroFile, CannotBeOpenedWhenItIsAFolder) {
+    Profile profile{"untouched", "", {}};
+    EXPECT_EQ(readMacroFile(folder.path(), profile), "Couldn't open that macro file.");
+    EXPECT_EQ(profile.name, "untouched");
+}
+
 TEST_F(MacroFile, CannotBeReadWhenItIsMissing) {
     Profile profile;
     EXPECT_EQ(readMacroFile(folder.file("missing"), profile), "Couldn't open that macro file.");
@@ -262,11 +268,16 @@ TEST_F(MacroSettings, TakeAGroupOnlyWhenAllOfItAreIntegers) {
     const std::string spam = "31,32,33,34,35,36,37,38|39,1";
     const std::string clicker = "11,12,13,14,15,16,17,18,19,20,21,";
     for (const std::size_t field : {1U, 4U, 11U})
-        for (const auto* text : {"5ms", "", "x", "1.0", "2147483648", "5 "})
+        for (const auto* text : {"5ms", "", "x", "1.0", "2147483648", "5 ", "+ 5"})
             EXPECT_EQ(with(field, text), "1,2,3,4,1,1,0,7,1,-10,20," + spam) << field << text;
     for (const std::size_t field : {24U, 29U, 31U})
         for (const auto* text : {"5ms", "", "x", "1.0", "-2147483649", "5 "})
             EXPECT_EQ(with(field, text), clicker + "5,6,7,8,0,9,65,38|39,1") << field << text;
+    // The standard conversion takes these, to their ends.
+    for (const auto* text : {"+5", " 5", "\t5"}) {
+        EXPECT_EQ(with(4, text), "11,12,13,"s + text + ",15,16,17,18,19,20,21," + spam);
+        EXPECT_EQ(with(24, text), clicker + text + ",32,33,34,35,36,37,38|39,1");
+    }
     // The options and hotkeys between the groups do not matter.
     for (const std::size_t field : {12U, 17U, 20U, 22U, 23U, 30U, 34U, 36U})
         EXPECT_EQ(with(field, "x"), sessionAsProfile) << field;

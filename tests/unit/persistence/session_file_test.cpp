@@ -7,6 +7,7 @@
 #include "input/tool_settings.h"
 #include "persistence/session_settings.h"
 #include "persistence/session_text.h"
+#include "support/file_system.h"
 
 namespace ravelin {
 namespace {
@@ -21,8 +22,23 @@ constexpr char defaultSettings[] =
 
 class SessionFile : public test::DataFolderFixture {
   protected:
-    SessionFile() { sessionPath = localAppData.file("session.dat"); }
-    ~SessionFile() override { sessionPath.clear(); }
+    SessionFile() {
+        sessionPath = localAppData.file("session.dat");
+        sessionStands = true;
+    }
+    // Nothing that a test left unread may be kept by the next one's save.
+    ~SessionFile() override {
+        deleteFile(sessionPath);
+        saveSession();
+        sessionPath.clear();
+        sessionStands = false;
+    }
+    std::string copy(const std::string& ending) const {
+        return test::readBytes(sessionPath + ending);
+    }
+    bool hasCopy(const std::string& ending) const {
+        return std::filesystem::exists(sessionPath + ending);
+    }
 
     static std::string saved() {
         saveSession();
@@ -229,7 +245,7 @@ TEST_F(SessionFile, SurvivesDamage) {
         {start + "\x1A\n\xFF\xFE\n0,2,0,0,0,0,0,0\n", 1, 2},
         {"SETTINGS:" + std::string(1000000, ',') + "\nCURRENT:0\nPROFILE:a\n", 1, 0},
         {"SETTINGS:" + zeros + "\nCURRENT:0\nPROFILE:" + std::string(1000000, 'n') + "\n", 1, 0},
-        {manyProfiles, mostProfilesRead, 1},
+        {manyProfiles, 100000, 1},
         {"SETTINGS:" + std::string(1000000, 'x'), 0, 0},
         {std::string(1000000, 'x'), 0, 0},
         {zeros, 0, 0},
@@ -263,6 +279,109 @@ TEST_F(SessionFile, MayBeImpossibleToWrite) {
     sessionPath.clear();
     saveSession();
     EXPECT_FALSE(loadSession());
+}
+
+TEST_F(SessionFile, IsCopiedAsideBeforeASaveWhenItGaveNoProfile) {
+    const std::string refused[] = {
+        "ETTINGS:"s + settings + "\r\nCURRENT:0\r\nPROFILE:mine\r\n0,1,0,0,0,0,0,0\r\n",
+        "SETTINGS:"s + settings + "\r\nCURRENT:0\r\nROFILE:mine\r\n0,1,0,0,0,0,0,0\r\n",
+        "SETTINGS:", "anything"};
+    for (const auto& text : refused) {
+        EXPECT_FALSE(load(text));
+        addDefaultProfile();
+        EXPECT_FALSE(hasCopy(".refused"));
+        EXPECT_EQ(test::readBytes(sessionPath), text);  // copied, not moved
+        saveSession();
+        EXPECT_EQ(copy(".refused"), text);
+        const auto first = test::readBytes(sessionPath);
+        EXPECT_NE(first, text);
+        saveSession();
+        EXPECT_EQ(copy(".refused"), text) << "copied once";
+        EXPECT_FALSE(hasCopy(".start"));
+        test::resetLiveState();
+        std::filesystem::remove(sessionPath + ".refused");
+    }
+}
+
+TEST_F(SessionFile, IsCopiedAsideByASaveFromACrashToo) {
+    EXPECT_FALSE(load("refused"));
+    addDefaultProfile();
+    saveSessionFromCrash();
+    EXPECT_EQ(copy(".refused"), "refused");
+}
+
+TEST_F(SessionFile, IsNotWrittenOverBeforeItCouldBeCopied) {
+    EXPECT_FALSE(load("refused"));
+    addDefaultProfile();
+    std::filesystem::create_directory(sessionPath + ".refused");  // in the way of the copy
+    saveSession();
+    EXPECT_EQ(test::readBytes(sessionPath), "refused");
+    std::filesystem::remove(sessionPath + ".refused");
+    saveSession();
+    EXPECT_EQ(copy(".refused"), "refused");
+    EXPECT_NE(test::readBytes(sessionPath), "refused");
+}
+
+TEST_F(SessionFile, ThatIsEmptyOrMissingReplacesNoEarlierCopy) {
+    test::writeBytes(sessionPath + ".refused", "earlier");
+    EXPECT_FALSE(load(""));
+    saveSession();
+    EXPECT_EQ(copy(".refused"), "earlier");
+    std::filesystem::remove(sessionPath);
+    EXPECT_FALSE(loadSession());
+    saveSession();
+    EXPECT_EQ(copy(".refused"), "earlier");
+    EXPECT_TRUE(std::filesystem::exists(sessionPath));
+}
+
+TEST_F(SessionFile, ThatCannotBeReadToItsEndChangesNothing) {
+    // Away from Windows a folder can be opened, and reading it fails.
+    std::filesystem::create_directory(sessionPath);
+    profiles = {Profile{"mine", "", {}}};
+    EXPECT_FALSE(loadSession());
+    EXPECT_EQ(profiles.size(), 1U);
+    std::filesystem::remove(sessionPath);
+}
+
+TEST_F(SessionFile, IsCopiedOnceAStartAfterItWasRead) {
+    const auto text = "SETTINGS:"s + settings + "\r\nCURRENT:0\r\nPROFILE:a\r\n0,1,0,0,0,0,0,0\r\n";
+    EXPECT_TRUE(load(text));
+    EXPECT_EQ(copy(".start"), text);
+    profiles[0].events.clear();
+    saveSession();
+    EXPECT_NE(test::readBytes(sessionPath), text);
+    EXPECT_EQ(copy(".start"), text);
+    EXPECT_FALSE(hasCopy(".refused"));
+    const auto saved = test::readBytes(sessionPath);
+    EXPECT_TRUE(loadSession());
+    EXPECT_EQ(copy(".start"), saved);
+}
+
+TEST_F(SessionFile, ThatWasCutOffLeavesTheCopyOfAWholeOne) {
+    const auto whole =
+        "SETTINGS:"s + settings + "\r\nCURRENT:0\r\nPROFILE:a\r\n0,1,0,0,0,0,0,0\r\n";
+    ASSERT_TRUE(load(whole));
+    for (std::size_t length = whole.find("PROFILE:") + 8; length < whole.size(); ++length) {
+        const auto cut = whole.substr(0, length);
+        if (cut.ends_with('\n')) continue;
+        ASSERT_TRUE(load(cut)) << length;
+        EXPECT_EQ(copy(".start"), whole) << length;
+    }
+    // Not even its first line is left.
+    EXPECT_FALSE(load(whole.substr(0, 4)));
+    EXPECT_EQ(copy(".start"), whole);
+}
+
+TEST_F(SessionFile, IsNotSavedByACrashBeforeTheProfilesStand) {
+    sessionStands = false;
+    test::writeBytes(sessionPath, "intact");
+    saveSessionFromCrash();
+    EXPECT_EQ(test::readBytes(sessionPath), "intact");
+}
+
+TEST_F(SessionFile, KeepsALoneCarriageReturnAtItsVeryEnd) {
+    ASSERT_TRUE(load("SETTINGS:\r\nCURRENT:0\r\nPROFILE:name\r"));
+    EXPECT_EQ(profiles[0].name, "name\r");
 }
 
 TEST_F(SessionFile, IsWholeHoweverManySaveAtOnce) {

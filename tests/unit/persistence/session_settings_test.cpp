@@ -180,11 +180,24 @@ TEST_F(SessionSettings, WriteTheSpeedWithSixDigits) {
     } cases[] = {{"1.5", "1.5"},       {"1.50000001", "1.5"}, {"2.7182818", "2.71828"},
                  {"0.1", "0.1"},       {"1e7", "1e+07"},      {"1234567", "1.23457e+06"},
                  {"0.00001", "1e-05"}, {" 3x", "3"},          {"-0", "-0"},
-                 {"0x10", "16"},       {"inf", "inf"}};
+                 {"0x10", "16"}};
     for (const auto& c : cases) {
         auto expected = fieldsOf(changed);
         expected[16] = c.written;
         EXPECT_EQ(after(with(17, c.read)), expected) << c.read;
+    }
+}
+
+TEST_F(SessionSettings, KeepTheSpeedHeldBeforeInPlaceOfOneThatIsNotFinite) {
+    for (const auto* speed : {"inf", "-inf", "nan", "-nan", "INFINITY", " nan(1)", "infx"}) {
+        auto expected = fieldsOf(changed);
+        expected[16] = "1";
+        EXPECT_EQ(after(with(17, speed)), expected) << speed;  // all fields after it are applied
+        expected[16] = "2.5";
+        toolSettings.tspd = 2.5F;
+        applySessionSettings(with(17, speed));
+        EXPECT_EQ(fieldsOf(sessionSettingsLine()), expected) << speed;
+        EXPECT_NE(getSettings().find("\"tspd\":2.5,"), std::string::npos);
     }
 }
 

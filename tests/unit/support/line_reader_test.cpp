@@ -39,9 +39,54 @@ TEST(LineReader, EndsLinesAtLineFeeds) {
 }
 
 TEST(LineReader, StripsOneCarriageReturnFromTheEndOfALine) {
-    EXPECT_EQ(allOf(linesOf("a\r\nb\r\r\n\r\n\rc\r")), (Lines{"a", "b\r", "", "\rc"}));
-    EXPECT_EQ(allOf(linesOf("\r")), Lines{""});
+    for (const auto loneReturn : {LoneReturn::kept, LoneReturn::removed})
+        EXPECT_EQ(allOf(linesOf("a\r\nb\r\r\n\r\n\rc", loneReturn)),
+                  (Lines{"a", "b\r", "", "\rc"}));
     EXPECT_EQ(allOf(linesOf("a\rb\n")), Lines{"a\rb"});
+}
+
+TEST(LineReader, KeepsOrRemovesACarriageReturnWithoutALineFeedAtTheVeryEnd) {
+    EXPECT_EQ(allOf(linesOf("a\nb\r")), (Lines{"a", "b\r"}));
+    EXPECT_EQ(allOf(linesOf("a\nb\r", LoneReturn::removed)), (Lines{"a", "b"}));
+    EXPECT_EQ(allOf(linesOf("b\r\r", LoneReturn::removed)), Lines{"b\r"});
+    EXPECT_EQ(allOf(linesOf("\r")), Lines{"\r"});
+    EXPECT_EQ(allOf(linesOf("\r", LoneReturn::removed)), Lines{""});
+}
+
+TEST(LineReader, TellsWhetherTheLastLineIsComplete) {
+    const auto endsWithLineFeed = [](std::string_view text) {
+        auto reader = linesOf(text);
+        for (std::string_view line; reader.next(line);) {
+        }
+        return reader.endsWithLineFeed();
+    };
+    EXPECT_TRUE(endsWithLineFeed("a\n"));
+    EXPECT_TRUE(endsWithLineFeed("a\nb\r\n"));
+    EXPECT_FALSE(endsWithLineFeed("a\nb"));
+    EXPECT_FALSE(endsWithLineFeed("a\nb\r"));
+    EXPECT_FALSE(endsWithLineFeed(""));
+}
+
+TEST(LineReader, GivesNoHalfLineWhenReadingFails) {
+    int calls = 0;
+    LineReader reader([&calls](char* buffer, std::size_t size) -> std::optional<std::size_t> {
+        if (++calls > 1) return std::nullopt;
+        return std::string_view("one\ntwo").copy(buffer, size);
+    });
+    std::string_view line;
+    ASSERT_TRUE(reader.next(line));
+    EXPECT_EQ(line, "one");
+    EXPECT_FALSE(reader.failed());
+    EXPECT_FALSE(reader.next(line));
+    EXPECT_TRUE(reader.failed());
+    EXPECT_FALSE(reader.next(line));
+}
+
+TEST(LineReader, FailsAtAFolder) {
+    const test::TempFolder folder;
+    auto reader = openLines(folder.path());
+    if (!reader) return;  // where a folder cannot even be opened
+    EXPECT_EQ(allOf(std::move(*reader)), Lines{});
 }
 
 TEST(LineReader, LetsEveryOtherByteStandForItself) {

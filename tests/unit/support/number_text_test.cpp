@@ -283,8 +283,10 @@ TEST(NumberText, IsAStrictIntegerOnlyAsAWhole) {
     EXPECT_EQ(toStrictInt("0").value, 0);
     EXPECT_EQ(toStrictInt("-2147483648").value, -2147483648);
     EXPECT_EQ(toStrictInt("+2147483647").value, 2147483647);
+    for (const auto* text : {"+5", " 5", "\n5", " \t\v\f\r5", " +5", "05"})
+        EXPECT_EQ(toStrictInt(text).value, 5) << text;
     for (const auto* text :
-         {"", "-", "+", "5ms", " 5", "5 ", "5.0", "0x5", "2147483648", "x", "\n5"})
+         {"", "-", "+", "5ms", "5 ", "5\n", "5.0", "0x5", "2147483648", "x", "+ 5", "--5", " "})
         EXPECT_FALSE(toStrictInt(text)) << text;
     EXPECT_FALSE(toStrictInt("5\0"s));
 }

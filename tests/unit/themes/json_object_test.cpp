@@ -43,6 +43,29 @@ TEST(JsonLookUp, GivesAnEmptyTextForAMissingKey) {
     EXPECT_EQ(valueOf(R"({"kk":"1","K":"2","":"3"})", "k"), "");
 }
 
+TEST(JsonLookUp, TakesANumberOfAnySizeForItsText) {
+    const std::string long1 = "1" + std::string(400, '0');
+    for (const std::string& number :
+         {std::string("1e999"), std::string("-1E+999"), std::string("1e-999"),
+          std::string("0.1e99999999999999999999"), long1, "-" + long1, long1 + "." + long1,
+          "0." + long1, std::string("18446744073709551616"), std::string("0"), std::string("-0"),
+          std::string("0e0"), std::string("-0.0E-0"), std::string("10.01e+10")}) {
+        EXPECT_EQ(valueOf("{\"l\":" + number + ",\"k\":\"v\"}", "k"), "v") << number;
+        EXPECT_EQ(valueOf("{\"l\":[" + number + "," + number + "],\"k\":\"v\"}", "k"), "v");
+        EXPECT_EQ(valueOf("{\"k\":" + number + "}", "k"), number);
+        EXPECT_EQ(valueOf("{\"k\": " + number + " }", "k"), number);
+    }
+}
+
+TEST(JsonLookUp, TakesEitherHalfOfASurrogatePairAloneForAReplacementCharacter) {
+    for (const std::string half : {"\\ud83d", "\\uDBFF", "\\udc00", "\\uDFFF", "\\ud83d\\ud83d"}) {
+        EXPECT_EQ(valueOf("{\"" + half + "\":1,\"k\":\"v\"}", "k"), "v") << half;
+        EXPECT_EQ(valueOf("{\"l\":\"" + half + "x\",\"k\":\"v\"}", "k"), "v") << half;
+    }
+    EXPECT_EQ(valueOf(R"({"k":"\ud83dx\udc00"})", "k"), "\xEF\xBF\xBDx\xEF\xBF\xBD");
+    EXPECT_EQ(valueOf(R"({"k":"\ud83d\n"})", "k"), "\xEF\xBF\xBD\n");
+}
+
 TEST(JsonLookUp, FindsKeysOfTheTopLevelOnly) {
     const std::string_view text = R"({"a":{"k":"inner"},"b":[{"k":"list"}],"c":"k","k":"outer"})";
     EXPECT_EQ(valueOf(text, "k"), "outer");
@@ -101,8 +124,24 @@ TEST(JsonLookUp, FindsNothingInATextThatIsNoObject) {
                                         "{\"k\":\"v\",\"l\":\"\\u12g4\"}",
                                         "{\"k\":\"v\",\"l\":\"\t\"}",
                                         "{\"k\":\"v\",\"l\":NaN}",
-                                        "{\"k\":\"v\",\"l\":1e309}",
-                                        "{\"k\":\"v\",\"l\":\"\\ud83d\"}",
+                                        "{\"k\":\"v\",\"l\":1.}",
+                                        "{\"k\":\"v\",\"l\":.5}",
+                                        "{\"k\":\"v\",\"l\":1.5.5}",
+                                        "{\"k\":\"v\",\"l\":1e}",
+                                        "{\"k\":\"v\",\"l\":1e+}",
+                                        "{\"k\":\"v\",\"l\":1e5e5}",
+                                        "{\"k\":\"v\",\"l\":1e5.5}",
+                                        "{\"k\":\"v\",\"l\":1-1}",
+                                        "{\"k\":\"v\",\"l\":00}",
+                                        "{\"k\":\"v\",\"l\":-}",
+                                        "{\"k\":\"v\",\"l\":--1}",
+                                        "{\"k\":\"v\",\"l\":+1}",
+                                        "{\"k\":\"v\",\"l\":-01}",
+                                        "{\"k\":\"v\",\"l\":1 1}",
+                                        "{\"k\":\"v\",\"l\":0x10}",
+                                        "{\"k\":\"v\",\"l\":1",
+                                        "{\"k\":\"v\",\"l\":\"\\ud83\"}",
+                                        "{\"k\":\"v\",\"l\":\"\\",
                                         "{\"k\":\"v\",/**/\"l\":1}",
                                         "\xEF\xBB\xBF{\"k\":\"v\"}"})
         EXPECT_EQ(valueOf(text, "k"), "") << text;

@@ -37,6 +37,11 @@ TEST_F(ThemeKey, IsTheFirstLineWithoutItsEnd) {
     EXPECT_EQ(keyOf(" a key, as it is \nother"), " a key, as it is ");
 }
 
+TEST_F(ThemeKey, KeepsALoneCarriageReturnAtTheVeryEnd) {
+    EXPECT_EQ(keyOf("midnight\r"), "midnight\r");
+    EXPECT_EQ(keyOf("\r"), "\r");
+}
+
 TEST_F(ThemeKey, IsTheDefaultForAFolder) {
     EXPECT_EQ(readThemeKey(folder.path()), "ravelin");
 }

@@ -155,6 +155,20 @@ TEST(ThemeValidation, IgnoresUnknownKeysHoweverDeep) {
     EXPECT_EQ(verdict(coloursOnly().set("notes", deep).set("bgmain", "0").json()), "OK colours");
 }
 
+TEST(ThemeValidation, IgnoresNumbersOfAnySizeThatNobodyAsksFor) {
+    for (const std::string number : {"1e999", "-1e999", "1e-999"}) {
+        EXPECT_EQ(verdict(coloursOnly().set("revision", number).json()), "OK colours") << number;
+        EXPECT_EQ(verdict(coloursOnly().set("revisions", "[" + number + "]").json()), "OK colours");
+        EXPECT_EQ(verdict(coloursOnly().set("format", number).json()), "OK colours") << number;
+    }
+    EXPECT_EQ(verdict(coloursOnly().set("revision", "1e").json()), "invalid or missing name");
+}
+
+TEST(ThemeValidation, IgnoresEitherHalfOfASurrogatePairInAnUnusedKey) {
+    for (const std::string half : {"\\ud800", "\\udc00"})
+        EXPECT_EQ(verdict(coloursOnly().set(half, jsonString(half)).json()), "OK colours") << half;
+}
+
 TEST(ThemeValidation, LeavesTheRecordAloneOnFailure) {
     ThemeRecord theme;
     theme.name = "before";

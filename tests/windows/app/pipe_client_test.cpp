@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <future>
 #include <set>
 
 #include "app/pipe_message.h"
+#include "app/pipe_server.h"
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/foreign_program.h"
@@ -37,6 +39,21 @@ TEST(PipeClient, WritesAMessageThatIsTooLongUpToTheLimit) {
     ASSERT_TRUE(server.listens());
     sendToMainProcess("updateKeySpam", std::string(2000, '7'));
     EXPECT_EQ(server.received().size(), pipeMessageLimit);
+}
+
+TEST(PipeClient, GoesOnThoughTheServerStandsStill) {
+    const FileHandle pipe(CreateNamedPipeW(pipeName, PIPE_ACCESS_INBOUND,
+                                           PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT, 1,
+                                           0, 4096, 0, nullptr));
+    ASSERT_TRUE(pipe);
+    // Nobody reads until this has returned.
+    sendToMainProcess("updateSpammer", "1,2,3");
+    EXPECT_TRUE(ConnectNamedPipe(pipe.get(), nullptr) != 0 ||
+                GetLastError() == ERROR_PIPE_CONNECTED);
+    std::array<char, 100> message{};
+    DWORD length = 0;
+    EXPECT_NE(ReadFile(pipe.get(), message.data(), message.size(), &length, nullptr), 0);
+    EXPECT_EQ(std::string(message.data(), length), "updateSpammer|1,2,3");
 }
 
 // Nobody hears of a lost message: the call comes back, no window opens, and a server that comes

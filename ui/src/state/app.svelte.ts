@@ -9,6 +9,7 @@ import { Preferences } from "./preferences.svelte";
 import { Profiles } from "./profiles.svelte";
 import { Theme } from "./theme.svelte";
 import { Tools } from "./tools.svelte";
+import { Trouble } from "./trouble.svelte";
 import { Update } from "./update.svelte";
 import type { CaptureSlot, HotkeySlot } from "../bridge/methods";
 
@@ -32,6 +33,7 @@ export class App {
   readonly layout: PanelLayout;
   readonly theme: Theme;
   readonly update: Update;
+  readonly trouble: Trouble;
   // What is read out by screen readers.
   notice = $state("");
   // What the program could not do, in its own words.
@@ -52,6 +54,7 @@ export class App {
     this.layout = new PanelLayout(this.bridge);
     this.theme = new Theme(host, host.document.documentElement);
     this.update = new Update(this.bridge);
+    this.trouble = new Trouble(this.bridge);
     this.engine.onAnswer(({ restore }) => {
       if (this.isChild || restore.length === 0) return;
       this.layout.restore(restore);
@@ -62,6 +65,7 @@ export class App {
   async start(): Promise<void> {
     this.engine.start();
     this.tools.start();
+    this.trouble.start();
     await Promise.all([this.preferences.load(), this.profiles.load()]);
     if (!this.preferences.loaded) return;
     this.layout.adopt(this.preferences);

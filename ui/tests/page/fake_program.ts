@@ -7,6 +7,7 @@ export interface ProgramOptions {
   settings?: Record<string, unknown>;
   status?: Record<string, unknown>;
   preferences?: Record<string, unknown>;
+  environment?: Record<string, unknown>;
   profiles?: string[];
   current?: number;
 }
@@ -16,6 +17,7 @@ export interface FakeProgram {
   status: Record<string, unknown>;
   settings: Record<string, unknown>;
   preferences: Record<string, unknown>;
+  environment: Record<string, unknown>;
   profiles: string[];
   current: number;
   statusCallsUnderWay: number;
@@ -46,6 +48,10 @@ export function installFakeProgram(options: ProgramOptions): void {
       hotkeyLock: true, disableAnimations: false, showWarnings: true, seenWarnings: [],
       minimizedPanels: [], panelOrder: [],
       ...options.preferences,
+    },
+    environment: {
+      hooksMissing: false, hooksPutBack: 0, refusedSends: 0, failures: 0,
+      ...options.environment,
     },
     profiles: options.profiles ?? ["Default Tracking Profile"],
     current: options.current ?? 0,
@@ -120,6 +126,7 @@ export function installFakeProgram(options: ProgramOptions): void {
     getSettings: () => ({ ...program.settings }),
     reassignKey: (slot) => void (program.status["reassigning"] = slot),
     detachPanel: () => "",
+    getEnvironment: () => program.environment,
     beginWindowDrag: () => undefined,
     closeThisWindow: () => undefined,
   };

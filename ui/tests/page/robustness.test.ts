@@ -28,7 +28,7 @@ const methods = [
   "startKeySpam", "stopKeySpam", "removeKeySpamTarget", "setKeySpamChordMode", "pickLocation",
   "getAppSettings", "markWarningSeen", "setAppSetting", "setPanelOrder", "resetHotkeys",
   "openLink", "getTrackerStatus", "clearProfile", "addProfile", "deleteProfile", "switchProfile",
-  "getProfiles", "startUpdate", "getSettings", "reassignKey",
+  "getProfiles", "startUpdate", "getSettings", "reassignKey", "getEnvironment",
 ];
 
 describe("the page stays whole", () => {
