@@ -17,10 +17,15 @@ file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
 if(RAVELIN_FUZZ)
     file(GLOB fuzz_sources CONFIGURE_DEPENDS tests/fuzz/*_fuzz.cpp)
     target_compile_options(ravelin_core PRIVATE -fsanitize=fuzzer-no-link,address,undefined)
+    # Compiled once for all targets, as they are no part of what is explored.
+    add_library(fuzz_support STATIC ${support_sources})
+    target_link_libraries(fuzz_support PUBLIC ravelin_core)
+    target_compile_options(fuzz_support PRIVATE -fsanitize=address,undefined)
+    # The core asks the desktop, and the desktop ends the core's runs.
+    target_link_libraries(ravelin_core PUBLIC fuzz_support)
     foreach(source ${fuzz_sources})
         get_filename_component(name ${source} NAME_WE)
-        ravelin_test_program(${name} SOURCES ${source} ${support_sources}
-            LIBRARIES ravelin_core)
+        ravelin_test_program(${name} SOURCES ${source} LIBRARIES fuzz_support)
         target_compile_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
         target_link_options(${name} PRIVATE -fsanitize=fuzzer,address,undefined)
     endforeach()
@@ -36,6 +41,8 @@ file(GLOB unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/unit/*/*.cpp)
 # On Windows the files underneath are the real ones: what no test simulates comes from that half.
 ravelin_test_program(ravelin_unit_tests SOURCES ${unit_sources} ${support_sources}
     LIBRARIES ravelin_core $<TARGET_NAME_IF_EXISTS:ravelin_windows> GTest::gmock_main)
+# So that a test can act between two locks of the same thread.
+target_link_options(ravelin_unit_tests PRIVATE LINKER:--wrap=pthread_mutex_lock)
 compile_fast(ravelin_unit_tests)
 
 # Thread tests: the workers as real threads on a platform made of standard primitives.

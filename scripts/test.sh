@@ -50,6 +50,7 @@ step 'page unit tests' page_unit_tests
 step 'page browser tests' page_browser_tests
 step 'unit tests (asan, ubsan)' unit_tests_asan
 step 'thread tests (tsan)' thread_tests_tsan
+step 'fuzz targets' scripts/fuzz.sh --briefly
 step 'host programs' host_programs
 # Waits more than it works.
 beside 'wine prefixes' tests/wine/create_prefixes.sh

@@ -5,6 +5,7 @@ import { spawnSync } from 'node:child_process';
 import { mkdirSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test from 'node:test';
+import { goodThemes } from './lib/themes.mjs';
 import { build, runToEnd, scratch, windowsPath } from './lib/wine.mjs';
 
 const folder = path.join(scratch, 'check');
@@ -41,7 +42,13 @@ const files = {
     'theme with a name': file('named.json', '{"format":1,"name":"Night","template":"dark"}'),
     'theme with a text for a format': file('format.json', '{"format":"1","name":"Näch\\u0074","template":"dark"}'),
     'missing file': path.join(folder, 'not there'),
+    'theme with a skin': file('skin.json', goodThemes['pieces and a font'].text),
     folder,
+};
+
+const ravelinCheck = (...args) => {
+    const { status, stdout, stderr } = spawnSync(path.join(build, 'host/ravelin-check'), args, { encoding: 'utf8', timeout: 60_000 });
+    return { status, stdout, stderr };
 };
 
 for (const mode of ['validate-macro', 'scan-macro', 'validate-theme']) {
@@ -49,13 +56,18 @@ for (const mode of ['validate-macro', 'scan-macro', 'validate-theme']) {
         const outcomes = new Set();
         for (const [name, place] of Object.entries(files)) {
             const program = await runToEnd('Ravelin.exe', [`--${mode}=${windowsPath(place)}`]);
-            const check = spawnSync(path.join(build, 'host/ravelin-check'), [`--${mode}=${place}`], { encoding: 'utf8', timeout: 60_000 });
+            const check = ravelinCheck(`--${mode}=${place}`);
             assert.deepEqual([check.status, check.stdout], [program.code, program.output.replaceAll('\r\n', '\n')], name);
             outcomes.add(program.output);
         }
         assert.ok(outcomes.size > 3, `${[...outcomes]}`); // the files do differ to the checks
     });
 }
+
+test('a good theme is told with its kind, its pieces and its font', () => {
+    for (const [name, { text, says }] of Object.entries(goodThemes))
+        assert.deepEqual(ravelinCheck(`--validate-theme=${file('good.json', text)}`), { status: 0, stdout: `${says}\n`, stderr: '' }, name);
+});
 
 test('a file that takes more memory than there is is rejected', () => {
     // One line without an end, read whole before it turns out to be no event.
@@ -67,7 +79,7 @@ test('a file that takes more memory than there is is rejected', () => {
 });
 
 test('without a check to make it says how it is used, and exits with 2', () => {
-    const { status, stdout, stderr } = spawnSync(path.join(build, 'host/ravelin-check'), ['--selftest-update=x'], { encoding: 'utf8', timeout: 60_000 });
+    const { status, stdout, stderr } = ravelinCheck('--selftest-update=x');
     assert.deepEqual([status, stdout], [2, '']);
     assert.match(stderr, /--validate-macro=FILE/);
 });

@@ -3,6 +3,7 @@ import assert from 'node:assert/strict';
 import { mkdirSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test from 'node:test';
+import { goodThemes } from './lib/themes.mjs';
 import { runToEnd, scratch, windowsPath } from './lib/wine.mjs';
 
 const folder = path.join(scratch, 'console');
@@ -46,12 +47,30 @@ test('the scan report ends with one line feed', async () => {
     JSON.parse(lines);
 });
 
-test('the theme check goes before the macro check, and the last value of a switch counts', async () => {
-    const theme = file('not-a-theme.json', '[]');
-    const { code, lines } = await ravelin('--validate-macro=' + goodMacro, '--validate-theme=C:\\none', '--validate-theme=' + theme);
-    assert.equal(code, 1);
-    assert.match(lines, /^REJECT .+\n$/);
-    assert.doesNotMatch(lines, /macro/);
+const missing = windowsPath(path.join(folder, 'none'));
+const notATheme = file('not-a-theme.json', '[]');
+
+test('the theme check goes before the macro check, and that before the scan', async () => {
+    assert.deepEqual(await ravelin('--scan-macro=' + goodMacro, '--validate-macro=' + goodMacro, '--validate-theme=' + notATheme),
+        { code: 1, lines: 'REJECT invalid or missing name\n' });
+    assert.deepEqual(await ravelin('--scan-macro=' + missing, '--validate-macro=' + goodMacro),
+        { code: 0, lines: 'OK 2 events\n' });
+});
+
+test('the last value of a switch counts', async () => {
+    for (const [mode, other, ofMissing, ofOther] of [
+        ['--validate-theme=', notATheme, 'REJECT could not open file\n', 'REJECT invalid or missing name\n'],
+        ['--validate-macro=', goodMacro, "REJECT Couldn't open that macro file.\n", 'OK 2 events\n'],
+        ['--scan-macro=', goodMacro, "REJECT Couldn't open that macro file.\n", '{"level":"none","matches":[]}\n'],
+    ]) {
+        assert.equal((await ravelin(mode + other, mode + missing)).lines, ofMissing, mode);
+        assert.equal((await ravelin(mode + missing, mode + other)).lines, ofOther, mode);
+    }
+});
+
+test('a good theme is told with its kind, its pieces and its font', async () => {
+    for (const [name, { text, says }] of Object.entries(goodThemes))
+        assert.deepEqual(await ravelin('--validate-theme=' + file(`${name}.json`, text)), { code: 0, lines: `${says}\n` }, name);
 });
 
 test('a self-test without vectors fails with its closing line', async () => {

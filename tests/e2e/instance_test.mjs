@@ -25,8 +25,9 @@ function programWithout(name) {
 
 test('the window has its title and the default size', async () => {
     ravelin = await Ravelin.open();
-    const state = await untilWindow(windowTitle);
-    assert.ok(state.width >= 400 && state.height >= 540, JSON.stringify(state));
+    await untilWindow(windowTitle);
+    const page = await ravelin.page();
+    assert.deepEqual(await page.evaluate(() => [innerWidth, innerHeight]), [420, 560]);
 });
 
 test('a second start restores and activates the minimised first one and exits with 0', async () => {

@@ -1,11 +1,11 @@
 // What survives a restart, a kill and a crash of the real program.
 import assert from 'node:assert/strict';
-import { cpSync, existsSync, mkdirSync, readFileSync, rmSync, statSync, writeFileSync } from 'node:fs';
+import { cpSync, existsSync, mkdirSync, readdirSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { clearDataFolder, dataFolder, programFolder, runToEnd, scratch, start, textOf, until, windowsPath, within, xdotool } from './lib/wine.mjs';
+import { clearDataFolder, dataFolder, programFolder, runToEnd, scratch, start, textOf, toolFolder, until, windowsPath, within, xdotool } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 const session = () => path.join(dataFolder(), 'session.dat');
@@ -127,14 +127,39 @@ test('files of older versions are found in both places and moved', async () => {
     assert.ok(!existsSync(path.join(dataFolder(), 'session.rvnmacro')));
 });
 
+/** Every file and folder below with what it holds and when it was written. */
+function everythingIn(folder) {
+    if (!existsSync(folder)) return [];
+    return readdirSync(folder, { recursive: true }).sort().map((name) => {
+        const file = path.join(folder, name);
+        const { mtimeMs } = statSync(file);
+        return [name, mtimeMs, textOf(file)];
+    });
+}
+
 test('a second start writes nothing', async () => {
-    await open();
-    await until(() => existsSync(session()), 'the first background save', 15_000);
-    const appSettings = path.join(dataFolder(), 'appsettings.txt');
-    rmSync(appSettings, { force: true });
-    const migrated = path.join(dataFolder(), 'session.mcr');
-    writeFileSync(migrated, 'untouched');
-    assert.equal((await runToEnd('Ravelin.exe')).code, 0);
-    assert.equal(readFileSync(migrated, 'latin1'), 'untouched');
-    assert.ok(!existsSync(appSettings));
+    // Everything that a first start would move, delete, write or register.
+    clearDataFolder();
+    mkdirSync(dataFolder(), { recursive: true });
+    writeFileSync(path.join(dataFolder(), 'session.mcr'), 'older');
+    writeFileSync(path.join(dataFolder(), 'appsettings.txt'), 'launchOnStartup=1\r\n');
+    const folder = path.join(scratch, 'second');
+    rmSync(folder, { recursive: true, force: true });
+    cpSync(programFolder, folder, { recursive: true });
+    for (const name of ['theme.txt', 'status.txt', 'macroevents.txt']) writeFileSync(path.join(folder, name), 'older');
+    const entry = ['HKCU\\Software\\Microsoft\\Windows\\CurrentVersion\\Run', '/v', 'Ravelin'];
+    await runToEnd('reg', ['delete', ...entry, '/f']);
+    const before = [everythingIn(dataFolder()), everythingIn(folder)];
+
+    // The lock is another's, who has no window and writes nothing either.
+    const holder = start(windowsPath(path.join(toolFolder, 'window_tool.exe')), ['hold', 'Local\\RavelinUI_SingleInstance']);
+    try {
+        await until(() => holder.output.includes('ready'), 'the lock to be held');
+        assert.equal((await runToEnd(windowsPath(path.join(folder, 'Ravelin.exe')), [], { cwd: folder })).code, 0);
+    } finally {
+        holder.process.kill();
+        await within(20_000, holder.exited, 'the holder of the lock to end');
+    }
+    assert.deepEqual([everythingIn(dataFolder()), everythingIn(folder)], before);
+    assert.notEqual((await runToEnd('reg', ['query', ...entry])).code, 0, 'an entry for log-on');
 });

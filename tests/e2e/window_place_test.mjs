@@ -1,10 +1,7 @@
 // Where the main window opens: at its saved place, cut to the screen, never out of sight.
 import assert from 'node:assert/strict';
-import { mkdirSync, writeFileSync } from 'node:fs';
-import path from 'node:path';
 import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
-import { clearDataFolder, dataFolder } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 let ravelin;
@@ -18,11 +15,7 @@ afterEach(async () => {
 });
 
 async function openWithSettings(settings) {
-    clearDataFolder();
-    mkdirSync(dataFolder(), { recursive: true });
-    const lines = Object.entries(settings).map(([key, value]) => `${key}=${value}\r\n`);
-    writeFileSync(path.join(dataFolder(), 'appsettings.txt'), lines.join(''));
-    ravelin = await Ravelin.open({ keepData: true });
+    ravelin = await Ravelin.open({ settings });
     return await untilWindow(windowTitle);
 }
 

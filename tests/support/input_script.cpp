@@ -78,6 +78,8 @@ struct Word {
 
 bool swallowed(const Word& word) {
     const auto code = codeOf(word.name);
+    if (word.change == Word::Change::none)
+        throw std::invalid_argument("neither pressed nor released: " + std::string(word.name));
     const bool press = word.change == Word::Change::press;
     const auto time = static_cast<std::uint32_t>(std::llround(desktop.now() * 1000));
     if (code > 6) return onKeyboardEvent({code, press, word.injected, time});
@@ -145,7 +147,8 @@ std::uint32_t codeOf(std::string_view name) {
     if (const auto found = names.find(name); found != names.end()) return found->second;
     if (name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z')
         return static_cast<std::uint32_t>(name[0]);
-    if (name.size() == 2 && name[0] == 'D') return static_cast<std::uint32_t>(name[1]);
+    if (name.size() == 2 && name[0] == 'D' && name[1] >= '0' && name[1] <= '9')
+        return static_cast<std::uint32_t>(name[1]);
     if (name.size() >= 2 && name[0] == 'F')
         return 111 + static_cast<std::uint32_t>(number(name.substr(1)));
     throw std::invalid_argument("no key is called " + std::string(name));

@@ -56,6 +56,7 @@ class SimulatedDesktop {
     std::int64_t counterReads = 0;
     // A worker that has nothing to stop it is stopped here.
     double endOfTime = 4 * 3600.0;
+    std::size_t logLimit = 1'000'000;
 
     // The texts of the log, and its moments.
     std::vector<std::string> texts() const;
@@ -69,8 +70,6 @@ class SimulatedDesktop {
     std::int64_t readCounter();
 
   private:
-    static constexpr std::size_t logLimit = 1'000'000;
-
     bool wakes(platform::Event event) const;
     // Moves the clock to the tick and runs what is due, until `awaited` (if any) is signalled.
     void moveTo(std::int64_t tick, const platform::Event* awaited);

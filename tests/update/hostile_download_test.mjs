@@ -2,7 +2,7 @@
 // leaves nothing on the disk.
 import assert from 'node:assert/strict';
 import { createHash, randomBytes } from 'node:crypto';
-import { readFileSync } from 'node:fs';
+import { readFileSync, rmSync, statSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test, { after, before, beforeEach } from 'node:test';
 import { windowsPath } from '../e2e/lib/wine.mjs';
@@ -132,6 +132,39 @@ test('exactly 209715200 bytes are not too many', async () => {
 test('a redirect over HTTPS is followed', async () => {
     server.on(`https://${apiHost}/mirror.exe`, body(installer));
     assert.deepEqual(await takeInstaller(await downloadFrom(redirect(`https://${apiHost}/mirror.exe`))), installer);
+});
+
+test('folder and file are kept from everybody but administrators and the system', async () => {
+    const { message, path: installerPath } = await downloadFrom(body(installer));
+    assert.equal(message, '');
+    const folder = path.join(probe.temp, probe.leftovers()[0]);
+    // As access lists come out below Wine: what nobody else is granted, nobody else may do.
+    const forOthers = (file) => statSync(file).mode & 0o007;
+    assert.deepEqual([forOthers(folder), forOthers(path.join(folder, 'installer.exe'))], [0, 0]);
+    writeFileSync(path.join(probe.temp, 'any'), '');
+    assert.notEqual(forOthers(path.join(probe.temp, 'any')), 0, 'files are open to others unless they are kept from them');
+    rmSync(path.join(probe.temp, 'any'));
+    await probe.send('discard', installerPath);
+});
+
+test('behind a redirect to a foreign host the digest decides', async () => {
+    const elsewhere = `https://${unrelatedHost}/mirror.exe`;
+    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    try {
+        server.on(elsewhere, body(installer));
+        assert.deepEqual(await takeInstaller(await downloadFrom(redirect(elsewhere))), installer);
+        assert.deepEqual(server.requests.map(({ host }) => host), [webHost, unrelatedHost]);
+        server.on(elsewhere, body(randomBytes(installer.length)));
+        assertFailed(await downloadFrom(redirect(elsewhere)), messages.match);
+    } finally {
+        server.use(certificate);
+    }
+});
+
+test('a foreign host without a certificate of its own is not asked behind a redirect', async () => {
+    server.on(`https://${unrelatedHost}/mirror.exe`, body(installer));
+    assertFailed(await downloadFrom(redirect(`https://${unrelatedHost}/mirror.exe`)), messages.download);
+    assert.deepEqual(server.requests.map(({ host }) => host), [webHost]);
 });
 
 function failing(name, message, handler, options) {

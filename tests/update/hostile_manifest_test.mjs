@@ -90,7 +90,21 @@ refused('the tier changed', { ...signedManifest({ tier: 'studio' }), tier });
 refused('the version changed', { ...good, version: '99999.0.1' });
 refused('the url changed', { ...good, url: `https://${webHost}/Setup.exe` });
 refused('the digest changed', { ...good, sha256: '1' + good.sha256.slice(1) });
-refused('members moved across the separator', { ...good, version: '99999.0.0|https:', url: '' });
+
+/** Refused although the signature fits: the signed line is the same, its members end elsewhere. */
+function refusedMoved(name, signed, moved) {
+    assert.equal(signedMessage(moved), signedMessage(signed));
+    refused(`members moved across the separator: ${name}`, { ...signed, ...moved });
+}
+const zeroes = good.sha256;
+const endOfUrl = signedManifest({ url: `https://${webHost}/setup.exe|${zeroes}` });
+refusedMoved('the end of the url into the digest', endOfUrl, { ...endOfUrl, url: `https://${webHost}/setup.exe`, sha256: `${zeroes}|${zeroes}` });
+const twoUrls = signedManifest({ url: `https://${unrelatedHost}|https://${webHost}/setup.exe` });
+refusedMoved('the beginning of the url into the version', twoUrls, { ...twoUrls, version: `99999.0.0|https://${unrelatedHost}`, url: `https://${webHost}/setup.exe` });
+const twoVersions = signedManifest({ version: '1.2.3|99999.0.0' });
+refusedMoved('the beginning of the version into the tier', twoVersions, { ...twoVersions, tier: `${tier}|1.2.3`, version: '99999.0.0' });
+const endOfVersion = signedManifest({ version: `99999.0.0|https://${webHost}/` });
+refusedMoved('the end of the version into the url', endOfVersion, { ...endOfVersion, version: '99999.0.0', url: `https://${webHost}/|https://${webHost}/setup.exe` });
 
 // What is signed and yet not for this build.
 refused('another tier', signedManifest({ tier: 'studio' }));
@@ -140,6 +154,26 @@ test('no update: a redirect to plain http', async () => {
     server.on(`https://${webHost}/plain.json`, body(JSON.stringify(good)));
     assert.deepEqual(await checkWith(redirect(`http://${webHost}/plain.json`)), nothing);
     assert.deepEqual(server.plainRequests, []);
+});
+
+test('behind a redirect to a foreign host the signature decides', async () => {
+    const elsewhere = `https://${unrelatedHost}/moved.json`;
+    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    try {
+        server.on(elsewhere, body(JSON.stringify(good)));
+        assert.deepEqual(await checkWith(redirect(elsewhere)), { available: true, ownVersion: version, ...good });
+        assert.deepEqual(server.requests.map(({ host }) => host), [webHost, unrelatedHost]);
+        server.on(elsewhere, body(JSON.stringify(signedManifest({}, makePrivateKey()))));
+        assert.deepEqual(await checkWith(redirect(elsewhere)), nothing);
+    } finally {
+        server.use(certificate);
+    }
+});
+
+test('a foreign host without a certificate of its own is not asked behind a redirect', async () => {
+    server.on(`https://${unrelatedHost}/moved.json`, body(JSON.stringify(good)));
+    assert.deepEqual(await checkWith(redirect(`https://${unrelatedHost}/moved.json`)), nothing);
+    assert.deepEqual(server.requests.map(({ host }) => host), [webHost]);
 });
 
 function distrusted(name, certificateOf) {

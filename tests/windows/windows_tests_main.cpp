@@ -11,6 +11,7 @@
 #include <string>
 
 #include "tests/windows/harness/child_program.h"
+#include "tests/windows/harness/installer_program.h"
 #include "tests/windows/harness/pipe_clients.h"
 #include "tests/windows/harness/pipe_servers.h"
 
@@ -28,6 +29,9 @@ int main(int argc, char** argv) {
     }
     if (count == 3 && std::wstring(arguments.get()[1]) == L"--serve-pipe") {
         return ravelin::test::runPipeServerProgram(arguments.get()[2]);
+    }
+    if (count > 1 && ravelin::test::isInstallerRun(arguments.get()[1])) {
+        return ravelin::test::runInstallerProgram();
     }
     // As the process of a torn-off panel.
     if (count == 3 && std::wstring(arguments.get()[1]) == L"--child") {

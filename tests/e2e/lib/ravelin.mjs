@@ -1,5 +1,5 @@
 // The real program on the virtual desktop, with its real page.
-import { mkdirSync, readFileSync, readdirSync, rmSync } from 'node:fs';
+import { mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { chromium } from 'playwright-core';
 import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, toolFolder, until, within } from './wine.mjs';
@@ -10,9 +10,14 @@ export const { windowTitle } = JSON.parse(readFileSync(path.join(toolFolder, 'ge
 let count = 0;
 
 export class Ravelin {
-    /** Starts the program and waits until its page asks for the status. */
-    static async open({ program = 'Ravelin.exe', args = [], keepData = false, env = {} } = {}) {
+    /** Starts the program, with these application settings, and waits until its page asks for the status. */
+    static async open({ program = 'Ravelin.exe', args = [], keepData = false, settings, env = {} } = {}) {
         if (!keepData) clearDataFolder();
+        if (settings) {
+            const lines = Object.entries(settings).map(([key, value]) => `${key}=${value}\r\n`);
+            mkdirSync(dataFolder(), { recursive: true });
+            writeFileSync(path.join(dataFolder(), 'appsettings.txt'), lines.join(''));
+        }
         const ravelin = new Ravelin();
         ravelin.browsers = [];
         ravelin.ports = path.join(scratch, `devtools-${process.pid}-${++count}`);

@@ -1,6 +1,7 @@
 // Looks at and acts on top-level windows from outside, for the end-to-end tests.
 //
 //   window_tool.exe stay FILE            stays on the desktop, unseen; writes "ready" into the file
+//   window_tool.exe hold NAME            holds the named mutex, prints "ready" and stays
 //   window_tool.exe list                 one line a visible window: its title
 //   window_tool.exe state TITLE          one line of JSON about the window, once its thread is at
 //                                        rest from what it was doing when it was looked at
@@ -206,6 +207,15 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     return 0;
 }
 
+int hold(const wchar_t* name) {
+    if (CreateMutexW(nullptr, TRUE, name) == nullptr || GetLastError() == ERROR_ALREADY_EXISTS)
+        return 2;
+    std::puts("ready");
+    std::fflush(stdout);
+    Sleep(INFINITE);
+    return 0;
+}
+
 int stay(const wchar_t* noteFile) {
     if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
                         nullptr) == nullptr)
@@ -233,6 +243,7 @@ int main() {
     }
     if (count < 3) return 2;
     if (command == L"stay") return stay(arguments[2]);
+    if (command == L"hold") return hold(arguments[2]);
     Search search{arguments[2], nullptr};
     EnumWindows(match, reinterpret_cast<LPARAM>(&search));
     return search.found == nullptr ? 3 : act(command, search.found, count, arguments);

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <stdexcept>
 
 namespace ravelin {
@@ -17,11 +19,19 @@ TEST(ThreadGroup, JoinsByName) {
 }
 
 TEST(ThreadGroup, PassesOverNamesThatWereNotStartedOrAlreadyJoined) {
+    // One that still runs when the others are joined; who waits for it waits in vain.
+    std::promise<void> end;
     ThreadGroup group;
+    group.start({"busy", [&] { end.get_future().wait(); }});
     group.start({"worker", [] {}});
-    group.join("worker");
-    group.join("worker");
-    group.join("nobody");
+    auto joined = std::async(std::launch::async, [&] {
+        group.join("worker");
+        group.join("worker");
+        group.join("nobody");
+    });
+    EXPECT_EQ(joined.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    end.set_value();
+    EXPECT_NO_THROW(joined.get());
 }
 
 TEST(ThreadGroup, ABodyThatThrowsEndsItsThreadOnly) {

@@ -242,9 +242,19 @@ TEST_F(PageMethods, AnUpdateIsStartedWithTheIdOfItsCall) {
 }
 
 TEST_F(PageMethods, SettingsAreReadAsJson) {
-    EXPECT_EQ(call("getSettings"), getSettings());
-    EXPECT_EQ(call("getAppSettings"), getAppSettings());
-    EXPECT_EQ(call("getProfiles"), getProfiles());
+    EXPECT_EQ(
+        call("getSettings"),
+        R"({"sh":0,"sm":0,"ss":0,"sms":5,"sbtn":0,"stype":0,"rptMode":1,"rptTimes":10,)"
+        R"("locMode":0,"fixedX":0,"fixedY":0,"tmv":true,"tclk":true,"tscr":true,"tkey":true,)"
+        R"("trel":false,"tspd":1,"tloop":false,"tloopMs":500,"ksh":0,"ksm":0,"kss":0,"ksms":5,)"
+        R"("ksRptMode":1,"ksRptTimes":10,"holdAuto":false,"holdKeySpam":false})");
+    appSettings = {};
+    EXPECT_EQ(call("getAppSettings"),
+              R"({"alwaysOnTop":false,"launchOnStartup":false,"startMinimized":false,)"
+              R"("hotkeysEnabled":true,"hotkeyLock":true,"disableAnimations":false,)"
+              R"("showWarnings":true,"seenWarnings":[],"minimizedPanels":[],"panelOrder":[]})");
+    EXPECT_EQ(call("getProfiles"), R"({"current":0,"names":["Default Tracking Profile"],"cap":3,)"
+                                   R"("defaultName":"Default Tracking Profile"})");
 }
 
 }  // namespace

@@ -52,12 +52,18 @@ export class Server {
         this.routes.clear();
     }
 
+    /** Shows this certificate from here on; connections that another one opened are broken. */
     use(certificate) {
         this.https.setSecureContext(certificate);
+        this.dropConnections();
+    }
+
+    dropConnections() {
+        for (const socket of this.sockets) socket.destroy();
     }
 
     async close() {
-        for (const socket of this.sockets) socket.destroy();
+        this.dropConnections();
         await new Promise((resolve) => this.https.close(resolve));
         this.http.closeAllConnections();
         await new Promise((resolve) => this.http.close(resolve));

@@ -2,10 +2,17 @@
 #include "app/pipe_server.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+// Need the types of windows.h.
+#include <aclapi.h>
+#include <sddl.h>
 
+#include <algorithm>
 #include <atomic>
+#include <regex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "app/pipe_client.h"
@@ -13,6 +20,8 @@
 #include "input/engine_state.h"
 #include "input/platform.h"
 #include "input/tool_settings.h"
+#include "support/utf.h"
+#include "support/win32_handles.h"
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/eventually.h"
@@ -31,9 +40,13 @@ class PipeServer : public test::EngineTest {
   protected:
     void SetUp() override {
         EngineTest::SetUp();
-        engine.running.exchange(true);
         engine.panelHover.exchange(false);
         requests.clickerStart.exchange(0);
+        startServer();
+    }
+    void startServer() {
+        engine.running.exchange(true);
+        ended_.exchange(false);
         server_ = std::thread([this] {
             runPipeServer();
             ended_.exchange(true);
@@ -46,11 +59,20 @@ class PipeServer : public test::EngineTest {
         EngineTest::TearDown();
     }
 
-    // As the program does at its end.
-    void quit() {
+    // As the program does at its end, while the client holds its end open. False when the server
+    // does not notice; it is then freed by closing that end, and by clients that come and go.
+    bool quit(FileHandle client = {}) {
         engine.running.exchange(false);
         platform::signal(platform::Event::quit);
+        const auto ended = [this] { return ended_.load(); };
+        const bool noticed = eventually(ended);
+        client.reset();
+        while (!ended()) {
+            openPipeToWrite();
+            Sleep(2);
+        }
         server_.join();
+        return noticed;
     }
 
     static bool hovers() {
@@ -185,24 +207,65 @@ TEST_F(PipeServer, OneClientAfterAnotherIsServedWhenManyComeAtOnce) {
     keySpamTargets.chord.exchange(false);
 }
 
-TEST_F(PipeServer, EndsAtOnceWithoutAClient) {
-    quit();
-    EXPECT_TRUE(ended_.load());
+// Wherever the server is by then: about to wait for a client, to read from it, or within the wait.
+class EndOfPipeServer : public PipeServer {
+  protected:
+    // The client is made anew for every moment; nothing stands for no client.
+    template <class MakeClient>
+    void expectThatItEndsAtOnce(MakeClient makeClient) {
+        for (const DWORD moment : {0U, 1U, 5U, 20U, 50U}) {
+            FileHandle client = makeClient();
+            Sleep(moment);
+            ASSERT_TRUE(quit(std::move(client))) << "after " << moment << " ms";
+            ASSERT_TRUE(platform::createEvents());
+            startServer();
+        }
+    }
+};
+
+TEST_F(EndOfPipeServer, ComesAtOnceWithoutAClient) {
+    expectThatItEndsAtOnce([] { return FileHandle(); });
 }
 
-TEST_F(PipeServer, EndsAtOnceWithAClientThatNeverCloses) {
-    const auto silent = openPipeToWrite();
-    ASSERT_TRUE(writeMessage(silent, "panelHover|1"));
-    ASSERT_TRUE(hovers());
-    quit();
-    EXPECT_TRUE(ended_.load());
+TEST_F(EndOfPipeServer, ComesAtOnceWithAClientThatNeverCloses) {
+    expectThatItEndsAtOnce([] {
+        auto silent = openPipeToWrite();
+        engine.panelHover.exchange(false);
+        EXPECT_TRUE(writeMessage(silent, "panelHover|1"));
+        EXPECT_TRUE(hovers());
+        return silent;
+    });
 }
 
-TEST_F(PipeServer, EndsAtOnceWithAClientThatNeverSaysAnything) {
-    const auto silent = openPipeToWrite();
-    ASSERT_TRUE(silent);
-    quit();
-    EXPECT_TRUE(ended_.load());
+TEST_F(EndOfPipeServer, ComesAtOnceWithAClientThatNeverSaysAnything) {
+    expectThatItEndsAtOnce([] {
+        auto silent = openPipeToWrite();
+        EXPECT_TRUE(silent);
+        return silent;
+    });
+}
+
+// The access list of the pipe as a client sees it.
+std::string accessListOf(const FileHandle& pipe) {
+    LocalSecurityDescriptor descriptor;
+    LocalText text;
+    if (GetSecurityInfo(pipe.get(), SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                        nullptr, nullptr, descriptor.put()) != ERROR_SUCCESS ||
+        ConvertSecurityDescriptorToStringSecurityDescriptorW(
+            descriptor.get(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, text.put(), nullptr) == 0)
+        return "none";
+    // A system may tell what the generic right stands for.
+    return std::regex_replace(narrow(text.get()), std::regex(";FA;"), ";GA;");
+}
+
+TEST_F(PipeServer, GivesEveryInstanceOfThePipeItsDescriptor) {
+    for (int instance = 0; instance < 3; ++instance) {
+        const auto pipe = openPipeToWrite();
+        ASSERT_TRUE(pipe);
+        const auto list = accessListOf(pipe);
+        EXPECT_TRUE(list.starts_with("D:P(A;;GA;;;SY)(A;;GA;;;BA)(A;;GA;;;S-1-")) << list;
+        EXPECT_EQ(std::count(list.begin(), list.end(), '('), 3) << list;
+    }
 }
 
 TEST_F(PipeServer, NobodyReadsFromThePipe) {
