@@ -46,6 +46,15 @@ struct BrowserSettings3 : BrowserSettings {
     virtual HRESULT STDMETHODCALLTYPE putAreBrowserAcceleratorKeysEnabled(BOOL enabled) = 0;
 };
 
+struct BrowserSettings5 : BrowserSettings3 {
+    RAVELIN_UNUSED_SLOT(getIsPasswordAutosaveEnabled);
+    RAVELIN_UNUSED_SLOT(putIsPasswordAutosaveEnabled);
+    RAVELIN_UNUSED_SLOT(getIsGeneralAutofillEnabled);
+    RAVELIN_UNUSED_SLOT(putIsGeneralAutofillEnabled);
+    RAVELIN_UNUSED_SLOT(getIsPinchZoomEnabled);
+    virtual HRESULT STDMETHODCALLTYPE putIsPinchZoomEnabled(BOOL enabled) = 0;
+};
+
 struct BrowserView : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE getSettings(BrowserSettings** settings) = 0;
 };

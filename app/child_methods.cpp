@@ -53,6 +53,8 @@ std::vector<PageMethod> childPageMethods(const ChildServices& services) {
     add("closeThisWindow", acting(services.close));
     add("getTrackerStatus", answering(services.savedStatus));
     add("getSettings", answering(services.savedSettings));
+    add("getEnvironment",
+        answering([read = services.environment] { return getEnvironment(read()); }));
     return methods;
 }
 

@@ -23,6 +23,7 @@ struct ChildServices {
     // What the main process last wrote down, as JSON; the empty text when nothing is known.
     std::function<std::string()> savedStatus;
     std::function<std::string()> savedSettings;
+    std::function<Environment()> environment;
 };
 
 // In the order in which they are bound.

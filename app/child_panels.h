@@ -11,6 +11,8 @@ namespace ravelin {
 // those panels again; each is reported once. When there is one, the panel-hover state is cleared.
 // Takes profileMutex, which guards the table.
 std::vector<std::string> collectEndedPanels();
+// Whether the next call above will give any.
+bool anyPanelEnded();
 
 // Whether a process shows the panel, or has ended since the last collection.
 bool isPanelOut(std::string_view panelId);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <mutex>
 #include <utility>
@@ -32,6 +33,11 @@ ProcessHandle startOwnExecutable(const std::string& arguments) {
     return ProcessHandle(created.hProcess);
 }
 
+bool hasEnded(const ProcessHandle& process) {
+    DWORD exitCode = STILL_ACTIVE;
+    return GetExitCodeProcess(process.get(), &exitCode) != 0 && exitCode != STILL_ACTIVE;
+}
+
 }  // namespace
 
 ChildPanelTable& childPanelTable() {
@@ -43,14 +49,18 @@ std::vector<std::string> collectEndedPanels() {
     std::vector<std::string> ended;
     const std::lock_guard lock(profileMutex);
     std::erase_if(childPanelTable(), [&](const auto& entry) {
-        DWORD exitCode = STILL_ACTIVE;
-        if (!GetExitCodeProcess(entry.second.get(), &exitCode) || exitCode == STILL_ACTIVE)
-            return false;
+        if (!hasEnded(entry.second)) return false;
         ended.push_back(entry.first);
         return true;
     });
     if (!ended.empty()) engine.panelHover.exchange(false);
     return ended;
+}
+
+bool anyPanelEnded() {
+    const std::lock_guard lock(profileMutex);
+    return std::ranges::any_of(childPanelTable(),
+                               [](const auto& entry) { return hasEnded(entry.second); });
 }
 
 bool isPanelOut(std::string_view panelId) {

@@ -7,6 +7,7 @@
 #include "app/child_command_line.h"
 #include "app/child_methods.h"
 #include "app/child_window_win32.h"
+#include "app/environment_win32.h"
 #include "app/main_view.h"
 #include "app/page_binding.h"
 #include "app/page_file.h"
@@ -60,16 +61,15 @@ class ChildPanel {
             .forward = sendToMainProcess,
             .resizeWindow =
                 [this](std::int32_t width, std::int32_t height) {
-                    resizeWindow(static_cast<HWND>(view_.window()), width, height,
-                                 [this](std::int32_t w, std::int32_t h) {
-                                     view_.setSize(w, h);
-                                     window_->keepFrameless(w, h);
-                                 });
+                    resizeWindow(
+                        static_cast<HWND>(view_.window()), width, height,
+                        [this](std::int32_t w, std::int32_t h) { window_->setContentSize(w, h); });
                 },
             .beginDrag = [this] { window_->beginDrag(); },
             .close = [this] { view_.terminate(); },
             .savedStatus = [this] { return mainWindowIsThere() ? status_.read() : std::string(); },
             .savedSettings = [this] { return settings_.read(); },
+            .environment = [this] { return environmentOf(static_cast<HWND>(view_.window())); },
         };
     }
 

@@ -1,7 +1,9 @@
 #include "app/child_window_win32.h"
 
+#include <cmath>
 #include <utility>
 
+#include "app/environment_win32.h"
 #include "app/panel_drag.h"
 #include "app/window_subclass_win32.h"
 #include "app/window_titles.h"
@@ -75,8 +77,8 @@ ChildWindow::ChildWindow(HWND window, std::optional<platform::Point> corner,
     const UINT inPlace = corner ? 0 : SWP_NOMOVE | SWP_NOSIZE;
     SetWindowPos(window, nullptr, at.x, at.y, childWidth, childHeight,
                  SWP_NOZORDER | SWP_FRAMECHANGED | inPlace);
-    subclassWindow(window, [dragged = state_.get()](UINT message) {
-        return ChildFramelessWndProc(*dragged, message);
+    subclassWindow(window, [dragged = state_.get()](const WindowMessage& message) {
+        return ChildFramelessWndProc(*dragged, message.id);
     });
 }
 
@@ -96,13 +98,14 @@ void ChildWindow::beginDrag() {
     if (!primaryButtonIsHeld()) finish(*state_, false);
 }
 
-void ChildWindow::keepFrameless(std::int32_t width, std::int32_t height) {
+void ChildWindow::setContentSize(std::int32_t width, std::int32_t height) {
     if (state_->window == nullptr) return;
-    setFramelessStyle(state_->window);
-    RECT outer{0, 0, width, height};
+    const double scale = windowScale(state_->window);
+    const auto scaled = [scale](std::int32_t size) { return std::lround(size * scale); };
+    RECT outer{0, 0, scaled(width), scaled(height)};
     AdjustWindowRectEx(&outer, styleOf(state_->window), FALSE, 0);
     SetWindowPos(state_->window, nullptr, 0, 0, outer.right - outer.left, outer.bottom - outer.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace ravelin

@@ -32,9 +32,9 @@ class ChildWindow {
     // From here on the window follows the cursor until the button is released; nothing happens when
     // it is not held any more.
     void beginDrag();
-    // Frameless again, around content of this size: the view gives a window that it sizes the
-    // frame of one that the user may size.
-    void keepFrameless(std::int32_t width, std::int32_t height);
+    // Sizes the window around content of this size, in pixels at 96 DPI, in one step. Not by way of
+    // the view, which gives a window that it sizes the frame of one that the user may size.
+    void setContentSize(std::int32_t width, std::int32_t height);
 
   private:
     std::unique_ptr<DraggedWindow> state_;

@@ -37,9 +37,10 @@ std::optional<ChildFields> readArguments(const std::string& args) {
 }  // namespace
 
 std::string detachPanel(const std::string& args, const DetachServices& services) {
-    const auto fields = readArguments(args);
+    auto fields = readArguments(args);
     if (!fields || !isPanelId(fields->panelId)) return "There is no such panel to detach.";
     if (services.isOut(fields->panelId)) return "This panel is already in a window of its own.";
+    if (fields->themeKey.empty()) fields->themeKey = services.themeKey;
     services.saveSession();
     if (!services.start(fields->panelId, childArguments(*fields)))
         return "The window for this panel could not be opened.";

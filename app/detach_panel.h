@@ -11,6 +11,7 @@ struct DetachServices {
     std::function<bool(std::string_view panelId)> isOut;
     // The child reads the settings from the session file.
     std::function<void()> saveSession;
+    std::string themeKey;  // for a page that names none
     // Starts this executable with the arguments and notes it as the process that shows the panel;
     // false when it cannot be started.
     std::function<bool(const std::string& panelId, const std::string& arguments)> start;

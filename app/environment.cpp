@@ -5,8 +5,11 @@
 
 namespace ravelin {
 
-std::string getEnvironment() {
+std::string getEnvironment(const Environment& environment) {
     return JsonObject()
+        .number("scale", static_cast<float>(environment.scale))
+        .flag("buttonsSwapped", environment.buttonsSwapped)
+        .text("themeKey", environment.themeKey)
         .flag("hooksMissing", health.hooksMissing.load())
         .number("hooksPutBack", health.hooksPutBack.load())
         .number("refusedSends", health.refusedSends.load())

@@ -5,6 +5,7 @@
 #include "app/browser_settings.h"
 #include "app/child_panels.h"
 #include "app/detach_panel.h"
+#include "app/environment_win32.h"
 #include "app/main_view.h"
 #include "app/main_window_win32.h"
 #include "app/page_binding.h"
@@ -17,10 +18,12 @@
 #include "app/update_run.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
+#include "input/requests.h"
 #include "persistence/app_settings.h"
 #include "persistence/session_file.h"
 #include "product.h"
 #include "support/utf.h"
+#include "themes/theme_key.h"
 
 namespace ravelin {
 namespace {
@@ -37,14 +40,17 @@ MainWindowServices services(WebView& view) {
             },
         .openAddress = openAddress,
         .collectEndedPanels = collectEndedPanels,
+        .anyPanelEnded = anyPanelEnded,
         .writeStatusFile = writeStatusFile,
         .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
         .detachPanel =
             [](const std::string& args) {
-                return detachPanel(
-                    args,
-                    {.isOut = isPanelOut, .saveSession = saveSession, .start = startChildPanel});
+                return detachPanel(args, {.isOut = isPanelOut,
+                                          .saveSession = saveSession,
+                                          .themeKey = currentThemeKey,
+                                          .start = startChildPanel});
             },
+        .environment = [&view] { return environmentOf(static_cast<HWND>(view.window())); },
     };
 }
 
@@ -57,7 +63,17 @@ void showPage(WebView& view) {
     }
 }
 
-void placeAndShow() {
+void storePlacement(const WindowPlacement& placement) {
+    appSettings.windowX = placement.x;
+    appSettings.windowY = placement.y;
+    appSettings.windowWidth = placement.width;
+    appSettings.windowHeight = placement.height;
+    appSettings.windowMaximized = placement.maximized;
+    appSettings.positionSaved = true;
+    saveAppSettings();
+}
+
+void placeAndShow(WebView& view) {
     const AppSettings& settings = appSettings;
     const MainWindowStart start{
         .placement = {settings.windowX, settings.windowY, settings.windowWidth,
@@ -65,15 +81,18 @@ void placeAndShow() {
         .alwaysOnTop = settings.alwaysOnTop,
         .startMinimized = settings.startMinimized,
     };
-    startMainWindow(findWindowByTitle(mainWindowTitle), start, [](const WindowPlacement& p) {
-        appSettings.windowX = p.x;
-        appSettings.windowY = p.y;
-        appSettings.windowWidth = p.width;
-        appSettings.windowHeight = p.height;
-        appSettings.windowMaximized = p.maximized;
-        appSettings.positionSaved = true;
-        saveAppSettings();
-    });
+    startMainWindow(findWindowByTitle(mainWindowTitle), start,
+                    {
+                        .store = storePlacement,
+                        .sessionEnds =
+                            [&view] {
+                                saveSessionForGood();
+                                // When nobody ends the process after all, it ends by itself.
+                                view.terminate();
+                            },
+                        // On waking, everything that was due meanwhile would be sent at once.
+                        .sleepBegins = [] { postRequest(requests.stopPlayback); },
+                    });
 }
 
 // Takes the sink away again when the view behind it does not come to be.
@@ -104,7 +123,7 @@ WebView::Created makeMainView() {
     view.setSize(defaultWidth, defaultHeight);
     bindPageMethods(view, mainPageMethods(services(view)));
     showPage(view);
-    placeAndShow();
+    placeAndShow(view);
     sink.kept = true;
     return created;
 }

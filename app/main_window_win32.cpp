@@ -1,7 +1,10 @@
 #include "app/main_window_win32.h"
 
+#include <functional>
+#include <optional>
 #include <utility>
 
+#include "app/composition_win32.h"
 #include "app/window_subclass_win32.h"
 #include "app/windows_win32.h"
 
@@ -25,29 +28,59 @@ std::optional<WindowPlacement> currentPlacement(HWND window) {
                            .saved = true};
 }
 
+HMONITOR monitorAt(std::int32_t x, std::int32_t y) {
+    return MonitorFromPoint({x, y}, MONITOR_DEFAULTTONULL);
+}
+
+// The monitor of the saved corner. That may lie outside of every monitor by the window's invisible
+// border, as of a window that was put to the left edge of the screen.
+std::optional<Monitor> savedMonitor(HWND window, const WindowPlacement& saved) {
+    HMONITOR monitor = monitorAt(saved.x, saved.y);
+    if (monitor == nullptr) {
+        const Border border = invisibleBorder(window);
+        if (border.left != 0 || border.top != 0)
+            monitor = monitorAt(saved.x + border.left, saved.y + border.top);
+    }
+    return describeMonitor(monitor);
+}
+
 void restorePlacement(HWND window, const WindowPlacement& saved) {
-    const HMONITOR monitor = MonitorFromPoint({saved.x, saved.y}, MONITOR_DEFAULTTONULL);
-    const auto rectangle = startRectangle(saved, describeMonitor(monitor));
+    const auto rectangle = startRectangle(saved, savedMonitor(window, saved));
     if (!rectangle) return;
     SetWindowPos(window, nullptr, rectangle->left, rectangle->top, rectangle->width(),
                  rectangle->height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void tell(const std::function<void()>& event) {
+    if (event) event();
+}
+
+void storePlacement(HWND window, const MainWindowEvents& events) {
+    const auto placement = currentPlacement(window);
+    if (placement && events.store) events.store(*placement);
+}
+
 // A placement that cannot be stored is lost; the window goes on.
-void storeFromNowOn(HWND window, StorePlacement store) {
-    subclassWindow(window, [window, store = std::move(store)](UINT message) {
-        if (message != WM_EXITSIZEMOVE && message != WM_DESTROY) return false;
-        if (const auto placement = currentPlacement(window)) store(*placement);
+void listen(HWND window, MainWindowEvents events) {
+    subclassWindow(window, [window, events = std::move(events)](const WindowMessage& message) {
+        if (message.id == WM_EXITSIZEMOVE || message.id == WM_DESTROY)
+            storePlacement(window, events);
+        if (message.id == WM_ENDSESSION && message.wParam != FALSE) {
+            storePlacement(window, events);
+            tell(events.sessionEnds);
+        }
+        if (message.id == WM_POWERBROADCAST && message.wParam == PBT_APMSUSPEND)
+            tell(events.sleepBegins);
         return false;
     });
 }
 
 }  // namespace
 
-void startMainWindow(HWND window, const MainWindowStart& start, StorePlacement store) {
+void startMainWindow(HWND window, const MainWindowStart& start, MainWindowEvents events) {
     if (window == nullptr) return;
     restorePlacement(window, start.placement);
-    storeFromNowOn(window, std::move(store));
+    listen(window, std::move(events));
     if (start.placement.maximized && !start.startMinimized) ShowWindow(window, SW_SHOWMAXIMIZED);
     if (start.alwaysOnTop) setAlwaysOnTop(window, true);
     if (start.startMinimized) {

@@ -1,4 +1,5 @@
-// The placement of the main window: restored at start-up, stored whenever it may have changed.
+// The main window: its placement, restored at start-up and stored whenever it may have changed, and
+// what the system tells it.
 #pragma once
 
 #include <windows.h>
@@ -15,12 +16,22 @@ struct MainWindowStart {
     bool startMinimized = false;
 };
 
-using StorePlacement = std::function<void(const WindowPlacement&)>;
+// What happens to the main window and matters to the program; on the window's thread. Empty ones
+// are left out.
+struct MainWindowEvents {
+    // At the end of every move or size by the user, when the window is destroyed, and before
+    // `sessionEnds`.
+    std::function<void(const WindowPlacement&)> store;
+    // The user logs off, or the system shuts down or wants the program gone. The process may be
+    // ended as soon as this returns.
+    std::function<void()> sessionEnds;
+    // The system goes to sleep in a moment.
+    std::function<void()> sleepBegins;
+};
 
 // Puts the main window where it was, on a monitor that is still there and no larger than its work
-// area, and shows it as the settings say; otherwise it keeps the place it has. From then on `store`
-// gets the placement at the end of every move or size by the user and when the window is destroyed,
-// on the window's thread. Called once, on that thread. A null window is ignored.
-void startMainWindow(HWND window, const MainWindowStart& start, StorePlacement store);
+// area, and shows it as the settings say; otherwise it keeps the place it has. From then on its
+// events are told. Called once, on the window's thread. A null window is ignored.
+void startMainWindow(HWND window, const MainWindowStart& start, MainWindowEvents events);
 
 }  // namespace ravelin

@@ -3,8 +3,8 @@
 #include <exception>
 #include <utility>
 
-#include "app/environment.h"
 #include "app/page_arguments.h"
+#include "input/activity.h"
 #include "input/capture.h"
 #include "input/engine_state.h"
 #include "input/key_spammer.h"
@@ -65,6 +65,10 @@ Call detach(const MainWindowServices& services) {
     };
 }
 
+Call environment(const std::function<Environment()>& read) {
+    return [read](const std::string&) { return getEnvironment(read()); };
+}
+
 }  // namespace
 
 PageReply callPageMethod(const PageMethod& method, const std::string& args) {
@@ -112,7 +116,10 @@ std::vector<PageMethod> mainPageMethods(const MainWindowServices& services) {
         {"getSettings", [](const std::string&) { return getSettings(); }, {}},
         {"reassignKey", flattened([](const std::string& slot) { reassignKey(slot); }), {}},
         {"detachPanel", detach(services), {}},
-        {"getEnvironment", [](const std::string&) { return getEnvironment(); }, {}},
+        {"getActivity",
+         [ended = services.anyPanelEnded](const std::string&) { return getActivity(ended()); },
+         {}},
+        {"getEnvironment", environment(services.environment), {}},
     };
 }
 

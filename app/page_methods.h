@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "app/environment.h"
+
 namespace ravelin {
 
 // Exactly one of the two callables is set.
@@ -34,10 +36,13 @@ struct MainWindowServices {
     std::function<void(const std::string& address)> openAddress;
     // Ids of the child panels that have ended since the last call.
     std::function<std::vector<std::string>()> collectEndedPanels;
+    // Whether there are such ids, which the next call above will give.
+    std::function<bool()> anyPanelEnded;
     std::function<void(const std::string& status)> writeStatusFile;
     std::function<void(const std::string& callId)> startUpdate;
     // Puts the panel into a window of its own; the answer is empty or a message for the user.
     std::function<std::string(const std::string& args)> detachPanel;
+    std::function<Environment()> environment;
 };
 
 // The methods of the main window in the order in which they are bound.

@@ -10,7 +10,10 @@ struct SingleInstance::Lock {
 
 SingleInstance::SingleInstance() : lock_(std::make_unique<Lock>()) {
     const HANDLE mutex = CreateMutexW(nullptr, TRUE, L"Local\\RavelinUI_SingleInstance");
-    lock_->alreadyRunning = GetLastError() == ERROR_ALREADY_EXISTS;
+    // Access is denied when the first instance runs elevated.
+    const DWORD error = GetLastError();
+    lock_->alreadyRunning =
+        error == ERROR_ALREADY_EXISTS || (mutex == nullptr && error == ERROR_ACCESS_DENIED);
     lock_->mutex.reset(mutex);
 }
 

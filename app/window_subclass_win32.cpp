@@ -27,7 +27,7 @@ LRESULT CALLBACK subclassProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     if (subclass == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     const WNDPROC previous = subclass->previous;
     try {
-        if (subclass->handler(message)) return 0;
+        if (subclass->handler({message, wParam, lParam})) return 0;
     } catch (...) {
         // What cannot be handled is lost; the window goes on.
     }

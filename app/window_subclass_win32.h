@@ -7,8 +7,14 @@
 
 namespace ravelin {
 
+struct WindowMessage {
+    UINT id = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+};
+
 // Sees every message first; true ends it there, and its result is 0.
-using MessageHandler = std::function<bool(UINT message)>;
+using MessageHandler = std::function<bool(const WindowMessage& message)>;
 
 // Puts the handler before the window's own procedure, until the window is gone or
 // `unsubclassWindow`. One handler for each window, on the window's thread. False when the window is

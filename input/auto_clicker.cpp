@@ -82,6 +82,7 @@ void releaseMouseButtons() {
 }  // namespace
 
 void runAutoClicker() {
+    platform::enterWorkerThread();
     while (engine.running.load()) {
         std::uint32_t wait = pauseAfterFailureMs;
         runFenced([&wait] { wait = clickRound(); });

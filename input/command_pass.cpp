@@ -30,6 +30,7 @@ void runCommandPass() {
 }
 
 void runCommandThread() {
+    platform::enterWorkerThread();
     while (engine.running.load()) {
         runCommandPass();
         platform::waitForEventOrQuit(platform::Event::command, platform::forever);

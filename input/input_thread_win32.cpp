@@ -5,6 +5,7 @@
 #include "input/engine_state.h"
 #include "input/fence.h"
 #include "input/input_hooks_win32.h"
+#include "input/platform.h"
 #include "input/raw_input_window_win32.h"
 #include "support/win32_handles.h"
 
@@ -14,16 +15,19 @@ namespace {
 
 std::atomic<DWORD> inputThreadId{0};  // 0: not running
 
-constexpr UINT watchHooksEveryMs = 1000;
+constexpr UINT watchEveryMs = 1000;
 
 void watchUntilQuit() {
-    const RawInputWindow window;
+    RawInputWindow window;
     InputHooks hooks;
-    const ThreadTimer timer(SetTimer(nullptr, 0, watchHooksEveryMs, nullptr));
+    const ThreadTimer timer(SetTimer(nullptr, 0, watchEveryMs, nullptr));
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_TIMER && message.wParam == timer.get())
-            runFenced([&hooks] { hooks.putBackLost(); });
+            runFenced([&] {
+                hooks.putBackLost();
+                window.askForSessionNews();
+            });
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -37,6 +41,9 @@ void runInputThread() {
     MSG message{};
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
     inputThreadId = GetCurrentThreadId();
+    platform::enterWorkerThread();
+    // The hooks hold up the input of the whole desktop, and are removed when they take too long.
+    SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_TIME_CRITICAL);
     // A shut-down that began before that could not post anything; it cleared the flag first.
     if (engine.running) watchUntilQuit();
     inputThreadId = 0;

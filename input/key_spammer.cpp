@@ -50,8 +50,10 @@ class Presser {
 
     void refresh(std::size_t index) {
         Slot& slot = slots_[index];
-        if (const auto vk = keySpamTargets.keys[index].load(); slot.vk != vk)
-            slot = {vk, platform::scanCode(vk), isExtendedKey(vk)};
+        const auto vk = keySpamTargets.keys[index].load();
+        if (slot.vk == vk) return;
+        platform::adoptForegroundLayout();
+        slot = {vk, platform::scanCode(vk), isExtendedKey(vk)};
     }
 
     static void pressThenRelease(std::span<const Slot> keys) {
@@ -94,6 +96,7 @@ void refreshFirstTarget() {
 }  // namespace
 
 void runKeySpammer() {
+    platform::enterWorkerThread();
     Presser presser;
     while (engine.running.load()) {
         std::uint32_t wait = pauseAfterFailureMs;
@@ -155,6 +158,7 @@ void setKeySpamChordMode(std::string_view text) {
 
 void releaseKeySpamTargets() {
     const auto count = targetCount();
+    platform::adoptForegroundLayout();
     for (std::size_t i = 0; i < count; ++i)
         sendKey(keySpamTargets.keys[i].load(), false);
 }

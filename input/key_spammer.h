@@ -23,7 +23,8 @@ void removeKeySpamTarget(std::string_view index);
 // "1" presses all targets together each round; any other text takes turns.
 void setKeySpamChordMode(std::string_view text);
 
-// Sends a release for every target in list order, whether it is down or not.
+// Sends a release for every target in list order, whether it is down or not. From a thread of the
+// engine: it takes on the layout of the program in front.
 void releaseKeySpamTargets();
 
 }  // namespace ravelin

@@ -43,7 +43,17 @@ struct KeyInput {
 bool send(const MouseInput& input);
 bool send(const KeyInput& input);
 
-// The scan code of a virtual key in the layout of this moment; 0 when it has none.
+// Prepares the calling thread for the engine's work, at its beginning: it sees the pixels of every
+// monitor as they are, whatever the process's awareness, since the hooks do; and it asks not to be
+// slowed down while the program is in the background. Systems that know neither ignore it.
+void enterWorkerThread();
+
+// Makes the keyboard layout of the program in front that of the calling thread. A key's scan code
+// depends on the layout of the thread that asks, and the program in front will read the scan code
+// by its own.
+void adoptForegroundLayout();
+
+// The scan code of a virtual key in the calling thread's layout; 0 when it has none.
 std::uint32_t scanCode(std::uint32_t vk);
 // The system's display name for a key in the lParam form of a key message, as UTF-8; empty when
 // the system has none.

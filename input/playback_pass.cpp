@@ -107,6 +107,7 @@ void PlaybackPass::send(const UnifiedEvent& event) {
             base_ = {event.x, event.y};
             break;
         case EventKind::Key:
+            platform::adoptForegroundLayout();
             sendKey(event.vk, event.down == 1);
             break;
         case EventKind::Wheel:

@@ -61,6 +61,7 @@ void stopPlayback() {
 }  // namespace
 
 void runPlayer() {
+    platform::enterWorkerThread();
     while (engine.running.load()) {
         if (!engine.playing.load()) {
             platform::waitForEventOrQuit(Event::playerWake, platform::forever);

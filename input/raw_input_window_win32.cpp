@@ -71,9 +71,13 @@ RawInputWindow::RawInputWindow() {
 
     const RAWINPUTDEVICE mouse{genericDesktopPage, mouseUsage, RIDEV_INPUTSINK, window_.get()};
     RegisterRawInputDevices(&mouse, 1, sizeof mouse);
-    if (WTSRegisterSessionNotification(window_.get(), NOTIFY_FOR_THIS_SESSION) != 0) {
+    askForSessionNews();
+}
+
+void RawInputWindow::askForSessionNews() {
+    if (notification_ || !window_) return;
+    if (WTSRegisterSessionNotification(window_.get(), NOTIFY_FOR_THIS_SESSION) != 0)
         notification_.reset(window_.get());
-    }
 }
 
 }  // namespace ravelin

@@ -12,6 +12,9 @@ inline constexpr wchar_t rawInputWindowClass[] = L"RawInputHiddenWindow";
 class RawInputWindow {
   public:
     RawInputWindow();
+    // Asks again for the news that the session was left, if Windows has refused them so far: at
+    // log-on the service that tells them may not run yet. To be called now and then.
+    void askForSessionNews();
 
   private:
     // Released from the last to the first.

@@ -7,6 +7,7 @@
 #include "input/platform.h"
 #include "persistence/app_settings.h"
 #include "persistence/data_folder.h"
+#include "persistence/session_file.h"
 #include "persistence/unread_file.h"
 #include "support/file_system.h"
 #include "support/line_reader.h"
@@ -160,6 +161,7 @@ void loadAppSettings() {
 }
 
 void saveAppSettings() {
+    if (savesAreOver.load()) return;
     std::string text;
     SettingWriter writer(text);
     visitFlagsBeforeLists(writer);

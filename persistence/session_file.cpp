@@ -24,11 +24,15 @@ std::atomic<std::thread::id> saver;  // who holds it
 UnreadFile refusedSession;
 
 // Copies of a million events share their memory with the original: the lock is held for a moment.
-std::optional<Session> snapshot() {
+// Nothing when somebody else holds it, unless `wait`.
+std::optional<Session> snapshot(bool wait) {
     Session session;
     session.settingsLine = sessionSettingsLine();
-    const std::unique_lock lock(profileMutex, std::try_to_lock);
-    if (!lock) return std::nullopt;
+    std::unique_lock lock(profileMutex, std::defer_lock);
+    if (wait)
+        lock.lock();
+    else if (!lock.try_lock())
+        return std::nullopt;
     session.current = currentProfile;
     session.profiles = profiles;
     return session;
@@ -42,9 +46,10 @@ struct SaverMark {
 };
 
 // The caller holds saveMutex.
-void lockedSave() {
+void lockedSave(bool wait = false) {
+    if (savesAreOver.load()) return;
     const SaverMark mark;
-    const auto session = snapshot();
+    const auto session = snapshot(wait);
     if (!session) return;
     // Complete before the file is opened, which empties it.
     const std::string text = sessionText(*session);
@@ -96,6 +101,12 @@ bool loadSession() {
 void saveSession() {
     const std::lock_guard lock(saveMutex);
     lockedSave();
+}
+
+void saveSessionForGood() {
+    const std::lock_guard lock(saveMutex);
+    lockedSave(true);
+    savesAreOver.exchange(true);
 }
 
 void saveSessionFromCrash() noexcept {

@@ -14,6 +14,9 @@ inline std::string sessionPath;
 // intact file.
 inline std::atomic<bool> sessionStands{false};
 
+// Set once everything was saved for the last time. What is on disk stays as it is from then on.
+inline std::atomic<bool> savesAreOver{false};
+
 // Replaces the profile list with the file's. Returns true when at least one profile was read;
 // otherwise the list stays as it was, though the file's settings line may have been applied. Called
 // once at start, before the tools run.
@@ -28,6 +31,10 @@ bool loadSession();
 // Skipped when another thread holds profileMutex at this moment, and silent when the file cannot be
 // opened. Throws std::bad_alloc, with the file as it was.
 void saveSession();
+// The same for the last time: waits for whoever holds the profiles, and lets no later save of
+// anything begin. For the end of the user's session, after which the process may be ended at any
+// moment.
+void saveSessionForGood();
 // The same for a process that crashes. Waits up to a second for a save that is under way; one that
 // crashed itself cannot be waited for.
 void saveSessionFromCrash() noexcept;

@@ -1,6 +1,7 @@
 // The few things that the program asks of the file system beside reading and writing a file.
 //
-// Paths are 8-bit texts in the code page of the process. Failures are values, never exceptions.
+// Paths are 8-bit texts in the code page of the process, which is UTF-8 from Windows 10 1903 on.
+// Failures are values, never exceptions.
 #pragma once
 
 #include <cstdint>

@@ -4,14 +4,15 @@
 
 #include <array>
 
+#include "support/utf.h"
 #include "support/win32_handles.h"
 
 namespace ravelin {
 namespace {
 
 // A length of zero is a failure and one of the whole buffer does not fit.
-std::string textOf(const std::array<char, pathBufferSize>& buffer, DWORD length) {
-    return length < buffer.size() ? std::string(buffer.data(), length) : std::string();
+std::string textOf(const std::array<wchar_t, pathBufferSize>& buffer, DWORD length) {
+    return length < buffer.size() ? narrow({buffer.data(), length}) : std::string();
 }
 
 std::int64_t wide(DWORD high, DWORD low) {
@@ -21,9 +22,10 @@ std::int64_t wide(DWORD high, DWORD low) {
 }  // namespace
 
 std::string environmentText(const char* name) {
-    std::array<char, pathBufferSize> buffer{};
-    const DWORD length =
-        GetEnvironmentVariableA(name, buffer.data(), static_cast<DWORD>(buffer.size()));
+    // The wide call: with UTF-8 for a code page, the 8-bit one gives a wrong length under Wine.
+    std::array<wchar_t, pathBufferSize> buffer{};
+    const DWORD length = GetEnvironmentVariableW(widen(name).c_str(), buffer.data(),
+                                                 static_cast<DWORD>(buffer.size()));
     return textOf(buffer, length);
 }
 
@@ -65,9 +67,9 @@ std::optional<FileStamp> fileStamp(const std::string& path) {
 }
 
 std::string executablePath() {
-    std::array<char, pathBufferSize> buffer{};
+    std::array<wchar_t, pathBufferSize> buffer{};
     const DWORD length =
-        GetModuleFileNameA(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+        GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
     return textOf(buffer, length);
 }
 

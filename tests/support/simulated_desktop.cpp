@@ -179,9 +179,17 @@ bool send(const KeyInput& input) {
     return desktop.send(input);
 }
 
+void enterWorkerThread() {
+    desktop.physicalPixels = true;
+}
+
+void adoptForegroundLayout() {
+    desktop.layout = desktop.foregroundLayout;
+}
+
 std::uint32_t scanCode(std::uint32_t vk) {
     ++desktop.scanLookups;
-    return test::simulatedScanCode(vk);
+    return test::simulatedScanCode(vk + desktop.layout);
 }
 
 std::string systemKeyName(std::int32_t lParam) {
@@ -198,7 +206,11 @@ std::optional<Point> cursorPosition() {
 }
 
 Size primaryScreen() {
-    return desktop.screen;
+    if (desktop.physicalPixels) return desktop.screen;
+    const auto scaled = [](std::int32_t pixels) {
+        return static_cast<std::int32_t>(std::lround(pixels / desktop.scale));
+    };
+    return {scaled(desktop.screen.cx), scaled(desktop.screen.cy)};
 }
 
 std::uint32_t doubleClickMs() {

@@ -45,6 +45,11 @@ class SimulatedDesktop {
     std::function<void(const Sent&)> onSend;
     std::vector<Sent> log;
     platform::Size screen{1920, 1080};
+    // Threads that have not asked for physical pixels see a screen that is this much smaller.
+    double scale = 1.0;
+    bool physicalPixels = false;  // of the thread, which is the only one
+    std::uint32_t layout = 0;     // of the thread; it shifts the scan codes
+    std::uint32_t foregroundLayout = 0;
     bool cursorKnown = true;
     platform::Point cursor;
     std::uint32_t doubleClickMs = 500;

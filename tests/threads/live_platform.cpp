@@ -91,6 +91,10 @@ bool send(const KeyInput& input) {
     return true;
 }
 
+void enterWorkerThread() {}
+
+void adoptForegroundLayout() {}
+
 std::uint32_t scanCode(std::uint32_t vk) {
     return vk & 0xFF;
 }

@@ -22,6 +22,8 @@ class ChildMethods : public testing::Test {
             .close = [this] { note("close", ""); },
             .savedStatus = [] { return std::string("{\"state\":\"Idle\"}"); },
             .savedSettings = [] { return std::string("{\"sh\":1}"); },
+            .environment =
+                [] { return Environment{.scale = 2, .buttonsSwapped = false, .themeKey = "dawn"}; },
         });
     }
 
@@ -47,11 +49,16 @@ TEST_F(ChildMethods, AreBoundInTheirOrder) {
         "updateSpammer",    "updateKeySpam", "removeKeySpamTarget", "setKeySpamChordMode",
         "reassignKey",      "startSpammer",  "stopSpammer",         "startKeySpam",
         "stopKeySpam",      "resizeWindow",  "beginWindowDrag",     "closeThisWindow",
-        "getTrackerStatus", "getSettings"};
+        "getTrackerStatus", "getSettings",   "getEnvironment"};
     std::vector<std::string> names;
     for (const auto& method : methods_)
         names.push_back(method.name);
     EXPECT_EQ(names, order);
+}
+
+TEST_F(ChildMethods, TellTheEnvironmentOfTheirOwnWindow) {
+    EXPECT_TRUE(call("getEnvironment", "[]")
+                    .starts_with(R"({"scale":2,"buttonsSwapped":false,"themeKey":"dawn",)"));
 }
 
 TEST_F(ChildMethods, ForwardTheUnwrappedValue) {

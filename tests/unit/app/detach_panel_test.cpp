@@ -12,6 +12,7 @@ class DetachPanel : public testing::Test {
     std::string detach(const std::string& args) {
         return detachPanel(args, {.isOut = [this](std::string_view id) { return id == out_; },
                                   .saveSession = [this] { log_.emplace_back("save"); },
+                                  .themeKey = "dawn",
                                   .start =
                                       [this](const std::string& id, const std::string& arguments) {
                                           log_.push_back(id + ": " + arguments);
@@ -29,6 +30,11 @@ TEST_F(DetachPanel, SavesTheSessionAndStartsTheChild) {
     EXPECT_EQ(log_, (std::vector<std::string>{
                         "save",
                         "panel-spammer: --child \"Auto clicker|panel-spammer|500|300|daylight\""}));
+}
+
+TEST_F(DetachPanel, TheThemeIsTheProgramsWhereThePageNamesNone) {
+    EXPECT_EQ(detach(R"(["A","panel-ui",1,2,""])"), "");
+    EXPECT_EQ(log_.back(), "panel-ui: --child \"A|panel-ui|1|2|dawn\"");
 }
 
 TEST_F(DetachPanel, FractionsOfAPixelAreRounded) {

@@ -22,6 +22,7 @@ class PageMethods : public test::EngineTest {
         };
         services_.openAddress = [this](const std::string& address) { opened_.push_back(address); };
         services_.collectEndedPanels = [this] { return std::exchange(ended_, {}); };
+        services_.anyPanelEnded = [this] { return !ended_.empty(); };
         services_.writeStatusFile = [this](const std::string& status) {
             written_.push_back(status);
         };
@@ -30,6 +31,9 @@ class PageMethods : public test::EngineTest {
             return refusal_;
         };
         services_.startUpdate = [this](const std::string& id) { updates_.push_back(id); };
+        services_.environment = [] {
+            return Environment{.scale = 1.25, .buttonsSwapped = true, .themeKey = "dawn"};
+        };
         methods_ = mainPageMethods(services_);
     }
 
@@ -67,7 +71,7 @@ TEST_F(PageMethods, AreBoundInTheirOrder) {
         "setAppSetting",       "setPanelOrder", "resetHotkeys",   "openLink",
         "getTrackerStatus",    "clearProfile",  "addProfile",     "deleteProfile",
         "switchProfile",       "getProfiles",   "startUpdate",    "getSettings",
-        "reassignKey",         "detachPanel",   "getEnvironment"};
+        "reassignKey",         "detachPanel",   "getActivity",    "getEnvironment"};
     std::vector<std::string> names;
     for (const auto& m : methods_)
         names.push_back(m.name);
@@ -89,14 +93,16 @@ TEST_F(PageMethods, RequestsAreRaisedBeforeTheCommandEventIsSet) {
 }
 
 TEST_F(PageMethods, TheEnvironmentCountsWhatWentWrong) {
-    EXPECT_EQ(call("getEnvironment"),
-              R"({"hooksMissing":false,"hooksPutBack":0,"refusedSends":0,"failures":0})");
+    EXPECT_EQ(
+        call("getEnvironment"),
+        R"({"scale":1.25,"buttonsSwapped":true,"themeKey":"dawn","hooksMissing":false,"hooksPutBack":0,"refusedSends":0,"failures":0})");
     health.hooksMissing = true;
     health.hooksPutBack = 1;
     health.refusedSends = 2;
     health.failures = 3;
-    EXPECT_EQ(call("getEnvironment"),
-              R"({"hooksMissing":true,"hooksPutBack":1,"refusedSends":2,"failures":3})");
+    EXPECT_EQ(
+        call("getEnvironment"),
+        R"({"scale":1.25,"buttonsSwapped":true,"themeKey":"dawn","hooksMissing":true,"hooksPutBack":1,"refusedSends":2,"failures":3})");
 }
 
 TEST_F(PageMethods, DetachingAPanelAnswersTheMessage) {

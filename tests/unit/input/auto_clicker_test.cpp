@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include "input/capture.h"
 #include "tests/support/engine_test.h"
+#include "tests/support/input_script.h"
 
 namespace ravelin::test {
 namespace {
@@ -55,6 +57,17 @@ TEST_F(AutoClicker, WaitsItsIntervalAfterARoundHasFinished) {
     quitAt(0.34);
     runAutoClicker();
     EXPECT_THAT(timesOf("left down"), ElementsAre(0, 15, 115, 130, 230, 245));
+}
+
+TEST_F(AutoClicker, ClicksThePointThatWasPickedOnAScaledScreen) {
+    desktop.scale = 1.5;  // the hooks tell physical pixels, the process sees fewer
+    pickLocation();
+    feed("left↓@1500,900 left↑@1500,900");
+    toolSettings.rptMode = 0;
+    toolSettings.rptTimes = 1;
+    requestAt(0, requests.clickerStart);
+    runAutoClicker();
+    EXPECT_EQ(desktop.texts(), (Texts{"move 1500,900", "left down", "left up"}));
 }
 
 TEST_F(AutoClicker, DoesNotMakeUpForLateness) {

@@ -198,6 +198,17 @@ TEST_F(KeySpammer, LooksAScanCodeUpOnlyWhenTheKeyOfItsPlaceChanges) {
     EXPECT_EQ(letters(), "AaAaAaAaAaAaBbBbBbBb");
 }
 
+TEST_F(KeySpammer, TakesScanCodesFromTheLayoutOfTheProgramInFrontAndKeepsThem) {
+    setTargets({keyA});
+    desktop.foregroundLayout = 2;
+    toolSettings.ksms = 10;
+    requestAt(0, requests.keySpamStart);
+    desktop.at(0.015, [] { desktop.foregroundLayout = 4; });
+    quitAt(0.025);
+    runKeySpammer();
+    EXPECT_EQ(letters(), "CcCcCc");
+}
+
 TEST_F(KeySpammer, SendsATargetWithoutAScanCodeAsZero) {
     setTargets({7});
     stopAfterRounds(1);

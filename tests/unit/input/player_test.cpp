@@ -402,6 +402,24 @@ TEST_F(Player, CountsWhatTheSystemRefuses) {
     EXPECT_EQ(health.refusedSends.load(), 6U);
 }
 
+TEST_F(Player, MovesToRecordedPointsOfAScaledScreen) {
+    desktop.scale = 1.25;
+    macro() = {moveEvent(0, 1600, 1000), buttonEvent(0.1, mouse_flag::leftDown, 1601, 1001)};
+    playAt(0);
+    runPlayer();
+    EXPECT_THAT(desktop.texts(), testing::Contains("move 1600,1000"));
+    EXPECT_THAT(desktop.texts(), testing::Contains("move 1601,1001"));
+}
+
+TEST_F(Player, TakesScanCodesFromTheLayoutOfTheProgramInFront) {
+    macro() = {keyEvent(0.1, 65, true), keyEvent(0.2, 65, false), keyEvent(0.3, 65, true)};
+    desktop.at(0.15, [] { desktop.foregroundLayout = 2; });
+    desktop.at(0.25, [] { desktop.foregroundLayout = 4; });
+    playAt(0);
+    runPlayer();
+    EXPECT_EQ(desktop.texts(), (Texts{"key 65 down", "key 67 up", "key 69 down"}));
+}
+
 TEST_F(Player, WaitsForItsRequestWithoutACheck) {
     quitAt(3600);
     runPlayer();

@@ -5,6 +5,7 @@
 #include "data_folder_fixture.h"
 #include "input/engine_state.h"
 #include "input/tool_settings.h"
+#include "persistence/app_settings.h"
 #include "persistence/session_settings.h"
 #include "persistence/session_text.h"
 #include "support/file_system.h"
@@ -25,9 +26,11 @@ class SessionFile : public test::DataFolderFixture {
     SessionFile() {
         sessionPath = localAppData.file("session.dat");
         sessionStands = true;
+        savesAreOver = false;
     }
     // Nothing that a test left unread may be kept by the next one's save.
     ~SessionFile() override {
+        savesAreOver = false;
         deleteFile(sessionPath);
         saveSession();
         sessionPath.clear();
@@ -377,6 +380,38 @@ TEST_F(SessionFile, IsNotSavedByACrashBeforeTheProfilesStand) {
     test::writeBytes(sessionPath, "intact");
     saveSessionFromCrash();
     EXPECT_EQ(test::readBytes(sessionPath), "intact");
+}
+
+TEST_F(SessionFile, IsSavedForTheLastTimeAndNeverAfter) {
+    profiles = {Profile{"last", "", {}}};
+    currentProfile = 0;
+    saveSessionForGood();
+    const auto text = test::readBytes(sessionPath);
+    EXPECT_NE(text.find("PROFILE:last"), std::string::npos);
+    profiles[0].name = "later";
+    saveSession();
+    saveSessionFromCrash();
+    saveSessionForGood();
+    saveAppSettings();
+    EXPECT_EQ(test::readBytes(sessionPath), text);
+    EXPECT_FALSE(fileWritten());
+}
+
+TEST_F(SessionFile, WaitsForTheProfilesWhenItIsSavedForTheLastTime) {
+    profiles = {Profile{"last", "", {}}};
+    currentProfile = 0;
+    std::unique_lock lock(profileMutex);
+    std::atomic<bool> saved{false};
+    std::thread ending([&saved] {
+        saveSessionForGood();
+        saved = true;
+    });
+    std::this_thread::yield();
+    EXPECT_FALSE(saved);
+    profiles[0].name = "at the very end";
+    lock.unlock();
+    ending.join();
+    EXPECT_NE(test::readBytes(sessionPath).find("PROFILE:at the very end"), std::string::npos);
 }
 
 TEST_F(SessionFile, KeepsALoneCarriageReturnAtItsVeryEnd) {

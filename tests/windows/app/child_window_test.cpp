@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/environment_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "support/utf.h"
@@ -112,14 +114,12 @@ TEST_F(PanelWindow, StaysWhereItIsWithoutACorner) {
 
 TEST_F(PanelWindow, IsFramelessAroundContentOfAnySize) {
     shape();
-    panel_.call([&] {
-        SetWindowLongPtrW(panel_.handle(), GWL_STYLE, WS_OVERLAPPEDWINDOW | WS_VISIBLE);
-        shaped_->keepFrameless(333, 222);
-    });
+    panel_.call([&] { shaped_->setContentSize(333, 222); });
+    const double scale = windowScale(panel_.handle());
     RECT content{};
     GetClientRect(panel_.handle(), &content);
-    EXPECT_EQ(content.right, 333);
-    EXPECT_EQ(content.bottom, 222);
+    EXPECT_EQ(content.right, std::lround(333 * scale));
+    EXPECT_EQ(content.bottom, std::lround(222 * scale));
     EXPECT_EQ(style() & frameParts, 0U);
     EXPECT_EQ(rectangle().left, 700);
 }
@@ -228,7 +228,7 @@ TEST_F(PanelWindow, OutlivesAFailureToTellTheMainWindow) {
 
 TEST(MissingPanelWindow, IsIgnored) {
     ChildWindow window(nullptr, platform::Point{1, 2}, {});
-    window.keepFrameless(100, 100);
+    window.setContentSize(100, 100);
     window.beginDrag();
 }
 

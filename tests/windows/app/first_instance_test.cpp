@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/single_instance.h"
+#include "support/win32_handles.h"
 #include "tests/windows/harness/child_program.h"
 #include "tests/windows/harness/test_window.h"
 
@@ -44,6 +46,30 @@ TEST(FirstInstance, IsFoundWhileItIsMinimised) {
                             WS_OVERLAPPEDWINDOW);
     window.call([&] { ShowWindow(window.handle(), SW_MINIMIZE); });
     EXPECT_EQ(findFirstInstanceWindow(), window.handle());
+}
+
+TEST(SingleInstance, CountsAFirstOneThatMayNotBeOpened) {
+    // As of an elevated first instance: nobody may open the mutex.
+    ACL nobody{};
+    ASSERT_NE(InitializeAcl(&nobody, sizeof nobody, ACL_REVISION), 0);
+    SECURITY_DESCRIPTOR descriptor{};
+    InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+    SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE);
+    SECURITY_ATTRIBUTES attributes{sizeof attributes, &descriptor, FALSE};
+    const KernelHandle first(CreateMutexW(&attributes, TRUE, L"Local\\RavelinUI_SingleInstance"));
+    ASSERT_TRUE(first);
+    const KernelHandle second(CreateMutexW(nullptr, TRUE, L"Local\\RavelinUI_SingleInstance"));
+    EXPECT_FALSE(second) << "the first one is not protected";
+    EXPECT_TRUE(SingleInstance().alreadyRunning());
+}
+
+TEST(SingleInstance, CountsAFirstOneUntilItHasGone) {
+    {
+        const SingleInstance first;
+        EXPECT_FALSE(first.alreadyRunning());
+        EXPECT_TRUE(SingleInstance().alreadyRunning());
+    }
+    EXPECT_FALSE(SingleInstance().alreadyRunning());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "app/windows_win32.h"
@@ -22,9 +23,10 @@ class MainWindow : public ::testing::Test {
   protected:
     void start(const MainWindowStart& how) {
         window_.call([&] {
-            startMainWindow(window_.handle(), how, [this](const WindowPlacement& placement) {
-                stored_.push_back(placement);
-            });
+            startMainWindow(window_.handle(), how,
+                            {.store = [this](const WindowPlacement& p) { stored_.push_back(p); },
+                             .sessionEnds = [this] { told_.push_back("session ends"); },
+                             .sleepBegins = [this] { told_.push_back("sleep begins"); }});
         });
     }
     // The end of a move or size by the user.
@@ -35,6 +37,7 @@ class MainWindow : public ::testing::Test {
     }
 
     std::vector<WindowPlacement> stored_;
+    std::vector<std::string> told_;
     TestWindow window_{L"Main", {100, 100, 500, 400}, framed};
 };
 
@@ -115,6 +118,25 @@ TEST_F(MainWindow, StoresItsPlacementWhenItIsDestroyed) {
     EXPECT_EQ(stored_, (std::vector{saved(150, 160, 500, 300)}));
 }
 
+TEST_F(MainWindow, StoresItsPlacementAndTellsThatTheSessionEnds) {
+    start({});
+    SendMessageW(window_.handle(), WM_QUERYENDSESSION, 0, 0);
+    SendMessageW(window_.handle(), WM_ENDSESSION, FALSE, 0);  // somebody refused
+    EXPECT_TRUE(stored_.empty());
+    EXPECT_TRUE(told_.empty());
+    SendMessageW(window_.handle(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(stored_.size(), 1U);
+    EXPECT_EQ(told_, std::vector<std::string>{"session ends"});
+}
+
+TEST_F(MainWindow, TellsThatSleepBegins) {
+    start({});
+    SendMessageW(window_.handle(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
+    EXPECT_TRUE(told_.empty());
+    SendMessageW(window_.handle(), WM_POWERBROADCAST, PBT_APMSUSPEND, 0);
+    EXPECT_EQ(told_, std::vector<std::string>{"sleep begins"});
+}
+
 TEST_F(MainWindow, HandsEveryMessageOnToTheWindowItself) {
     start({});
     endMove();
@@ -126,8 +148,11 @@ TEST_F(MainWindow, HandsEveryMessageOnToTheWindowItself) {
 
 TEST_F(MainWindow, LivesOnWhenItsPlacementCannotBeStored) {
     window_.call([&] {
-        startMainWindow(window_.handle(), {},
-                        [](const WindowPlacement&) { throw std::runtime_error("disk full"); });
+        startMainWindow(
+            window_.handle(), {},
+            {.store = [](const WindowPlacement&) { throw std::runtime_error("disk full"); },
+             .sessionEnds = {},
+             .sleepBegins = {}});
     });
     endMove();
     EXPECT_TRUE(window_.received(WM_EXITSIZEMOVE));
@@ -135,7 +160,9 @@ TEST_F(MainWindow, LivesOnWhenItsPlacementCannotBeStored) {
 }
 
 TEST(MissingMainWindow, IsIgnored) {
-    startMainWindow(nullptr, {.alwaysOnTop = true}, [](const WindowPlacement&) { FAIL(); });
+    startMainWindow(
+        nullptr, {.alwaysOnTop = true},
+        {.store = [](const WindowPlacement&) { FAIL(); }, .sessionEnds = {}, .sleepBegins = {}});
 }
 
 }  // namespace

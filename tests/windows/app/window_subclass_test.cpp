@@ -32,16 +32,27 @@ class WindowSubclass : public ::testing::Test {
 };
 
 TEST_F(WindowSubclass, EndsTheMessagesThatItsHandlerTakesAndNoOthers) {
-    EXPECT_TRUE(subclass([](UINT message) { return message == question; }));
+    EXPECT_TRUE(subclass([](const WindowMessage& message) { return message.id == question; }));
     send(question);
     send(remark);
     EXPECT_FALSE(window_.received(question));
     EXPECT_TRUE(window_.received(remark));
 }
 
+TEST_F(WindowSubclass, TellsItsHandlerTheValuesOfAMessage) {
+    WindowMessage seen;
+    EXPECT_TRUE(subclass([&seen](const WindowMessage& message) {
+        if (message.id == question) seen = message;
+        return false;
+    }));
+    SendMessageW(window_.handle(), question, 12, -34);
+    EXPECT_EQ(seen.wParam, 12U);
+    EXPECT_EQ(seen.lParam, -34);
+}
+
 TEST_F(WindowSubclass, HandsOnWhatItsHandlerFailsAt) {
-    EXPECT_TRUE(subclass([](UINT message) -> bool {
-        if (message == question) throw std::runtime_error("no answer");
+    EXPECT_TRUE(subclass([](const WindowMessage& message) -> bool {
+        if (message.id == question) throw std::runtime_error("no answer");
         return false;
     }));
     send(question);
@@ -50,7 +61,7 @@ TEST_F(WindowSubclass, HandsOnWhatItsHandlerFailsAt) {
 
 TEST_F(WindowSubclass, LeavesTheWindowAsItWasWhenItIsTakenBack) {
     const auto before = GetWindowLongPtrW(window_.handle(), GWLP_WNDPROC);
-    EXPECT_TRUE(subclass([](UINT message) { return message == question; }));
+    EXPECT_TRUE(subclass([](const WindowMessage& message) { return message.id == question; }));
     EXPECT_NE(GetWindowLongPtrW(window_.handle(), GWLP_WNDPROC), before);
     takeBack();
     takeBack();
@@ -60,18 +71,18 @@ TEST_F(WindowSubclass, LeavesTheWindowAsItWasWhenItIsTakenBack) {
 }
 
 TEST_F(WindowSubclass, IsTheOnlyOneOfItsWindowUntilItIsTakenBack) {
-    EXPECT_TRUE(subclass([](UINT message) { return message == question; }));
-    EXPECT_FALSE(subclass([](UINT) { return true; }));
+    EXPECT_TRUE(subclass([](const WindowMessage& message) { return message.id == question; }));
+    EXPECT_FALSE(subclass([](const WindowMessage&) { return true; }));
     send(remark);
     EXPECT_TRUE(window_.received(remark));
     takeBack();
-    EXPECT_TRUE(subclass([](UINT) { return false; }));
+    EXPECT_TRUE(subclass([](const WindowMessage&) { return false; }));
 }
 
 TEST_F(WindowSubclass, GoesWithItsWindowAfterTheLastMessage) {
     const auto seen = std::make_shared<UINT>(0);
-    EXPECT_TRUE(subclass([seen](UINT message) {
-        *seen = message;
+    EXPECT_TRUE(subclass([seen](const WindowMessage& message) {
+        *seen = message.id;
         return false;
     }));
     EXPECT_EQ(seen.use_count(), 2);
@@ -82,7 +93,7 @@ TEST_F(WindowSubclass, GoesWithItsWindowAfterTheLastMessage) {
 }
 
 TEST(MissingWindow, IsNotSubclassed) {
-    EXPECT_FALSE(subclassWindow(nullptr, [](UINT) { return true; }));
+    EXPECT_FALSE(subclassWindow(nullptr, [](const WindowMessage&) { return true; }));
     unsubclassWindow(nullptr);
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <set>
+#include <thread>
 
 #include "support/utf.h"
 
@@ -37,6 +38,31 @@ TEST(Platform, KnowsTheScanCodesOfTheLayout) {
     EXPECT_EQ(scanCode('A'), MapVirtualKeyW('A', MAPVK_VK_TO_VSC));
     EXPECT_EQ(scanCode(VK_RCONTROL), scanCode(VK_LCONTROL));
     EXPECT_EQ(scanCode(7), 0U);  // unassigned
+}
+
+TEST(Platform, GivesAWorkerThePixelsOfEveryMonitor) {
+    enum : int { systemAware = 1, perMonitorAware = 2 };
+    const auto awareness = [] {
+        return GetAwarenessFromDpiAwarenessContext(GetThreadDpiAwarenessContext());
+    };
+    // The thread alone: windows and pages keep what the process has declared.
+    const auto before = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);
+    std::thread([&] {
+        SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);
+        enterWorkerThread();
+        EXPECT_EQ(awareness(), perMonitorAware);
+    }).join();
+    EXPECT_EQ(awareness(), systemAware);
+    SetThreadDpiAwarenessContext(before);
+}
+
+TEST(Platform, AdoptsTheLayoutOfTheProgramInFront) {
+    // Another thread's layout cannot be told here; what is adopted must at least be in use.
+    const HKL front = GetKeyboardLayout(GetWindowThreadProcessId(GetForegroundWindow(), nullptr));
+    std::thread([front] {
+        adoptForegroundLayout();
+        EXPECT_EQ(GetKeyboardLayout(0), front);
+    }).join();
 }
 
 TEST(Platform, FindsTheCursorWhereItWasPut) {

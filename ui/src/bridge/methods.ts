@@ -27,6 +27,7 @@ export interface PageMethods {
   getSettings(): unknown;
   reassignKey(slot: CaptureSlot): void;
   detachPanel(title: string, id: string, x: number, y: number, themeKey: string): unknown;
+  getActivity(): unknown;
   getEnvironment(): unknown;
   beginWindowDrag(text: string): void;
   closeThisWindow(): void;

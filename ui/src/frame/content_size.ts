@@ -3,11 +3,15 @@ import type { App } from "../state/app.svelte";
 
 let requested = "";
 
-// Asks the program to make the window as large as its content.
-export function requestSize(document: Document, app: App): void {
+// Asks the program to make the window as large as its content. The program counts in units that are
+// scaled with the window; Windows' text size scales the page on top of that.
+export async function requestSize(document: Document, app: App): Promise<void> {
+  await app.surroundings.ready;
   const { width, height } = contentSize(document, app.isChild);
   requested = `${width},${height}`;
-  void app.bridge.call("resizeWindow", width, height);
+  const text = window.devicePixelRatio / app.surroundings.now.scale;
+  const scaled = (size: number) => Math.ceil(size * text - 0.001);
+  await app.bridge.call("resizeWindow", scaled(width), scaled(height));
 }
 
 // Keeps the window of one panel as high as the panel while that grows and shrinks.
@@ -15,7 +19,7 @@ export function keepFitting(app: App): Attachment<HTMLElement> {
   return (dashboard) => {
     const sizes = new ResizeObserver(() => {
       const { width, height } = contentSize(document, app.isChild);
-      if (requested !== "" && requested !== `${width},${height}`) requestSize(document, app);
+      if (requested !== "" && requested !== `${width},${height}`) void requestSize(document, app);
     });
     sizes.observe(dashboard);
     return () => sizes.disconnect();
@@ -25,7 +29,8 @@ export function keepFitting(app: App): Attachment<HTMLElement> {
 // The size at which the window shows all of its content: the present width, and the height of the
 // one shown panel in a window of its own, else of the whole page.
 function contentSize(document: Document, isChild: boolean): { width: number; height: number } {
-  const width = document.documentElement.clientWidth;
+  // With the scroll bar, which the window has as well.
+  const width = window.innerWidth;
   const panel = isChild ? shownPanel(document) : null;
   const height = panel ? panel.getBoundingClientRect().height : document.body.scrollHeight;
   return { width: Math.max(1, Math.ceil(width)), height: Math.max(1, Math.ceil(height)) };

@@ -7,6 +7,7 @@ import { LocationPick } from "./location_pick.svelte";
 import { PanelLayout, type ScreenPoint } from "./panel_layout.svelte";
 import { Preferences } from "./preferences.svelte";
 import { Profiles } from "./profiles.svelte";
+import { Surroundings } from "./surroundings.svelte";
 import { Theme } from "./theme.svelte";
 import { Tools } from "./tools.svelte";
 import { Trouble } from "./trouble.svelte";
@@ -33,6 +34,7 @@ export class App {
   readonly layout: PanelLayout;
   readonly theme: Theme;
   readonly update: Update;
+  readonly surroundings: Surroundings;
   readonly trouble: Trouble;
   // What is read out by screen readers.
   notice = $state("");
@@ -54,7 +56,8 @@ export class App {
     this.layout = new PanelLayout(this.bridge);
     this.theme = new Theme(host, host.document.documentElement);
     this.update = new Update(this.bridge);
-    this.trouble = new Trouble(this.bridge);
+    this.surroundings = new Surroundings(this.bridge);
+    this.trouble = new Trouble(this.surroundings);
     this.engine.onAnswer(({ restore }) => {
       if (this.isChild || restore.length === 0) return;
       this.layout.restore(restore);
@@ -65,11 +68,11 @@ export class App {
   async start(): Promise<void> {
     this.engine.start();
     this.tools.start();
-    this.trouble.start();
-    await Promise.all([this.preferences.load(), this.profiles.load()]);
+    this.surroundings.start();
+    await Promise.all([this.preferences.load(), this.profiles.load(), this.surroundings.ready]);
     if (!this.preferences.loaded) return;
     this.layout.adopt(this.preferences);
-    this.theme.adopt(this.preferences);
+    this.theme.adopt(this.preferences, this.surroundings.now.themeKey);
   }
 
   // The slot that waits for a key, or nothing.

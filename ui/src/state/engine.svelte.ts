@@ -1,9 +1,12 @@
 import { Poller } from "../bridge/poller";
+import { asFields, integer } from "../bridge/read_value";
 import { readStatus, type TrackerStatus } from "../bridge/status";
 import type { Bridge } from "../bridge/bridge";
 
-const shownPause = 150;
+const shownPause = 100;
 const hiddenPause = 1000;
+// The status is asked for at least this often, whatever the counter of changes says.
+const longestSilence = 1000;
 const failuresUntilLost = 8;
 
 // The program's live state as last reported; null while it has never answered or stopped answering.
@@ -14,6 +17,9 @@ export class Engine {
   private readonly listeners: ((status: TrackerStatus) => void)[] = [];
   private last = "";
   private failures = 0;
+  private changes = -1;
+  private lastAsked = 0;
+  private poked = true;
 
   constructor(
     private readonly bridge: Bridge,
@@ -35,6 +41,7 @@ export class Engine {
 
   // To be called after a request, so that its effect is seen without waiting for the next turn.
   refresh(): void {
+    this.poked = true;
     this.poller.poke();
   }
 
@@ -43,7 +50,29 @@ export class Engine {
     this.listeners.push(listener);
   }
 
+  // The status is written to a file at every call, and is mostly the same: the light question first.
   private async read(): Promise<void> {
+    const due = this.poked || Date.now() - this.lastAsked >= longestSilence;
+    const changed = await this.hasChanged();
+    if (!due && !changed) return;
+    this.poked = false;
+    this.lastAsked = Date.now();
+    await this.readStatus();
+  }
+
+  // True as well when the program cannot tell.
+  private async hasChanged(): Promise<boolean> {
+    if (!this.bridge.has("getActivity")) return true;
+    const answer = await this.bridge.call("getActivity");
+    const fields = answer.ok ? asFields(answer.value) : null;
+    if (!fields) return true;
+    const changes = integer(fields, "changes", -1);
+    const moved = changes !== this.changes;
+    this.changes = changes;
+    return moved;
+  }
+
+  private async readStatus(): Promise<void> {
     const answer = await this.bridge.call("getTrackerStatus");
     const status = answer.ok ? readStatus(answer.value) : null;
     if (!status) {

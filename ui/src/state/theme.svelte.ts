@@ -19,8 +19,9 @@ export class Theme {
     this.root.dataset["theme"] = this.key;
   }
 
-  adopt(preferences: Preferences): void {
-    const chosen = latestChoice(preferences.seenWarnings);
+  // The user's own choice, else the theme that the program was told to start with.
+  adopt(preferences: Preferences, startKey: string): void {
+    const chosen = latestChoice(preferences.seenWarnings) ?? startKey;
     if (chosen) this.apply(chosen);
   }
 

@@ -1,10 +1,10 @@
-import { readEnvironment, type Environment } from "../bridge/environment";
-import { Poller } from "../bridge/poller";
-import type { Bridge } from "../bridge/bridge";
+import type { Environment } from "../bridge/environment";
+import type { Surroundings } from "./surroundings.svelte";
 
 export type TroubleKind = "hooksMissing" | "hooksPutBack" | "refusedSends" | "failures";
 
-const pause = 1000;
+const order: TroubleKind[] = ["hooksMissing", "refusedSends", "failures", "hooksPutBack"];
+
 // A program that blocks input is left, or comes to its end: nothing new for this long, and it is
 // over.
 const refusedFor = 5000;
@@ -13,39 +13,24 @@ const refusedFor = 5000;
 export class Trouble {
   kinds = $state.raw<TroubleKind[]>([]);
 
-  private readonly poller: Poller;
-  private last: Environment | null = null;
+  private last = { hooksPutBack: 0, refusedSends: 0, failures: 0 };
   private lastRefusal = 0;
 
-  constructor(private readonly bridge: Bridge) {
-    this.poller = new Poller(
-      () => this.read(),
-      () => pause,
-    );
-  }
-
-  start(): void {
-    if (this.bridge.has("getEnvironment")) this.poller.start();
-  }
-
-  stop(): void {
-    this.poller.stop();
+  constructor(surroundings: Surroundings) {
+    surroundings.onAnswer((now) => this.compare(now));
   }
 
   dismiss(kind: TroubleKind): void {
     this.kinds = this.kinds.filter((shown) => shown !== kind);
   }
 
-  private async read(): Promise<void> {
-    const answer = await this.bridge.call("getEnvironment");
-    const now = answer.ok ? readEnvironment(answer.value) : null;
-    if (!now) return;
-    const before = this.last ?? { hooksPutBack: 0, refusedSends: 0, failures: 0 };
-    if (now.refusedSends > before.refusedSends) this.lastRefusal = Date.now();
+  private compare(now: Environment): void {
+    const { last } = this;
+    if (now.refusedSends > last.refusedSends) this.lastRefusal = Date.now();
     this.show("hooksMissing", now.hooksMissing, !now.hooksMissing);
-    this.show("refusedSends", now.refusedSends > before.refusedSends, this.refusalsAreOver());
-    this.show("hooksPutBack", now.hooksPutBack > before.hooksPutBack, false);
-    this.show("failures", now.failures > before.failures, false);
+    this.show("refusedSends", now.refusedSends > last.refusedSends, this.refusalsAreOver());
+    this.show("hooksPutBack", now.hooksPutBack > last.hooksPutBack, false);
+    this.show("failures", now.failures > last.failures, false);
     this.last = now;
   }
 
@@ -59,5 +44,3 @@ export class Trouble {
     if (ends && shown) this.dismiss(kind);
   }
 }
-
-const order: TroubleKind[] = ["hooksMissing", "refusedSends", "failures", "hooksPutBack"];

@@ -20,6 +20,8 @@ export interface FakeProgram {
   environment: Record<string, unknown>;
   profiles: string[];
   current: number;
+  changes: number;
+  lastStatus: string;
   statusCallsUnderWay: number;
   mostStatusCallsUnderWay: number;
   answerUpdate?: (message: string) => void;
@@ -50,11 +52,13 @@ export function installFakeProgram(options: ProgramOptions): void {
       ...options.preferences,
     },
     environment: {
-      hooksMissing: false, hooksPutBack: 0, refusedSends: 0, failures: 0,
+      scale: 1, buttonsSwapped: false, themeKey: "ravelin", hooksMissing: false, hooksPutBack: 0, refusedSends: 0, failures: 0,
       ...options.environment,
     },
     profiles: options.profiles ?? ["Default Tracking Profile"],
     current: options.current ?? 0,
+    changes: 0,
+    lastStatus: "",
     statusCallsUnderWay: 0,
     mostStatusCallsUnderWay: 0,
   };
@@ -126,6 +130,12 @@ export function installFakeProgram(options: ProgramOptions): void {
     getSettings: () => ({ ...program.settings }),
     reassignKey: (slot) => void (program.status["reassigning"] = slot),
     detachPanel: () => "",
+    getActivity: () => {
+      const now = JSON.stringify(program.status);
+      if (now !== program.lastStatus) program.changes += 1;
+      program.lastStatus = now;
+      return { changes: program.changes, clicks: 0, presses: 0 };
+    },
     getEnvironment: () => program.environment,
     beginWindowDrag: () => undefined,
     closeThisWindow: () => undefined,

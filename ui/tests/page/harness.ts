@@ -15,6 +15,8 @@ export interface ViewOptions extends ProgramOptions {
   // Put in front of the last "</body>", as for a window of one panel.
   appended?: string;
   theme?: string;
+  // Pixels of the screen for one of the page.
+  pixelRatio?: number;
 }
 
 export function launch(): Promise<Browser> {
@@ -45,8 +47,11 @@ export class View {
   }
 
   static async open(browser: Browser, options: ViewOptions = {}): Promise<View> {
-    const { width = 420, height = 560 } = options;
-    const context = await browser.newContext({ viewport: { width, height } });
+    const { width = 420, height = 560, pixelRatio = 1 } = options;
+    const context = await browser.newContext({
+      viewport: { width, height },
+      deviceScaleFactor: pixelRatio,
+    });
     const page = await context.newPage();
     page.setDefaultTimeout(20_000);
     const view = new View(page);

@@ -28,7 +28,8 @@ const methods = [
   "startKeySpam", "stopKeySpam", "removeKeySpamTarget", "setKeySpamChordMode", "pickLocation",
   "getAppSettings", "markWarningSeen", "setAppSetting", "setPanelOrder", "resetHotkeys",
   "openLink", "getTrackerStatus", "clearProfile", "addProfile", "deleteProfile", "switchProfile",
-  "getProfiles", "startUpdate", "getSettings", "reassignKey", "getEnvironment",
+  "getProfiles", "startUpdate", "getSettings", "reassignKey", "getActivity",
+  "getEnvironment",
 ];
 
 describe("the page stays whole", () => {

@@ -82,3 +82,42 @@ test("a failing answer now and then changes nothing, a long silence loses the st
   engine.stop();
   expect(engine.status?.count).toBe(3);
 });
+
+test("the status is asked for when the counter of changes has moved, and at least once a second", async () => {
+  let changes = 1;
+  let asked = 0;
+  let light = 0;
+  const host = {
+    getActivity: async () => ({ changes, counted: ++light }),
+    getTrackerStatus: async () => ({ count: ++asked }),
+  };
+  const engine = new Engine(new Bridge(host), () => false);
+  engine.start();
+  await vi.advanceTimersByTimeAsync(0);
+  expect(asked).toBe(1);
+  await vi.advanceTimersByTimeAsync(900);
+  expect(light).toBeGreaterThan(8);
+  expect(asked).toBe(1);
+  changes += 1;
+  await vi.advanceTimersByTimeAsync(110);
+  expect(asked).toBe(2);
+  await vi.advanceTimersByTimeAsync(5000);
+  expect(asked).toBe(7);
+  engine.refresh();
+  await vi.advanceTimersByTimeAsync(0);
+  expect(asked).toBe(8);
+  engine.stop();
+});
+
+test("a program that does not answer the light question is asked for the status each time", async () => {
+  let asked = 0;
+  const host = {
+    getActivity: async () => Promise.reject(new Error("broken")),
+    getTrackerStatus: async () => ({ count: ++asked }),
+  };
+  const engine = new Engine(new Bridge(host), () => false);
+  engine.start();
+  await vi.advanceTimersByTimeAsync(1000);
+  engine.stop();
+  expect(asked).toBeGreaterThan(8);
+});
