@@ -49,7 +49,7 @@ compile_fast(ravelin_unit_tests)
 file(GLOB thread_sources CONFIGURE_DEPENDS tests/threads/*.cpp)
 ravelin_test_program(ravelin_thread_tests
     SOURCES ${thread_sources} tests/support/engine_reset.cpp tests/support/engine_defaults.cpp
-    LIBRARIES ravelin_core GTest::gmock_main)
+    LIBRARIES ravelin_core $<TARGET_NAME_IF_EXISTS:ravelin_windows> GTest::gmock_main)
 
 if(WIN32)
     file(GLOB windows_test_sources CONFIGURE_DEPENDS tests/windows/*.cpp tests/windows/*/*.cpp)

@@ -67,7 +67,7 @@ bool holdsNumbers(const std::string& line, std::size_t count) {
 }
 
 std::optional<SavedLines> referenceLinesOf(const std::string& bytes) {
-    const auto lines = test::referenceLines(bytes);
+    const auto lines = test::referenceLines(bytes, LoneReturn::kept);
     if (lines.size() < 3 || !lines[0].starts_with("SETTINGS:") || !lines[1].starts_with("CURRENT:"))
         return std::nullopt;
     SavedLines saved{lines[0].substr(9), ""};
