@@ -58,7 +58,10 @@ class InstallerHandOff : public test::EngineTest {
 
     // The system says on its own that a program cannot be started; the user sees it and goes on.
     static std::string launchAndDismissMessages(const std::wstring& path) {
-        auto answer = std::async(std::launch::async, LaunchInstaller, path);
+        auto answer = std::async(std::launch::async, [&path] {
+            HeldInstaller installer(path, nullptr);
+            return LaunchInstaller(installer);
+        });
         test::eventually([&answer] {
             for (HWND box = nullptr;
                  (box = FindWindowExW(nullptr, box, L"#32770", nullptr)) != nullptr;) {
