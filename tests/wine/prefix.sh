@@ -31,19 +31,17 @@ desktop_key='HKCU\Software\Wine\Explorer'
 # program that stays on it keeps it: Wine ends a desktop a second after its last program, and what
 # is started in that moment finds neither the old one nor a new one and fails in odd ways. The
 # desktop's own process starts that program. One that had to bring the desktop about found it
-# unfinished now and then, and got no window.
+# unfinished now and then, and got no window. What starts it may end before it has got so far.
 hold_desktop() {
-    local tools=$1 log=$2 note holder deadline=$((SECONDS + 120))
+    local tools=$1 log=$2 note deadline=$((SECONDS + 60))
     note=$(mktemp)
     wine reg add "$desktop_key" /v Desktop /d ravelin /f >"$log" 2>&1
     wine reg add "$desktop_key\Desktops" /v ravelin /d 1280x1000 /f >>"$log" 2>&1
     wine explorer /desktop=ravelin,1280x1000 "$(windows_path "$tools/window_tool.exe")" \
         stay "$(windows_path "$note")" >>"$log" 2>&1 </dev/null &
-    holder=$!
     disown
     until [ -s "$note" ]; do
-        if ! kill -0 "$holder" 2>/dev/null || [ $SECONDS -gt $deadline ]; then
-            kill -KILL "$holder" 2>/dev/null || true
+        if [ $SECONDS -gt $deadline ]; then
             echo "cannot hold a desktop; see $log" >&2
             return 1
         fi
