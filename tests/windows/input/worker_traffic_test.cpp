@@ -66,8 +66,12 @@ class WorkerTraffic : public EngineTest {
   protected:
     void SetUp() override {
         EngineTest::SetUp();
+        // Workers that are idle have set their counts to nothing. One that first looks after its
+        // start would find the start's wake-up once more, and play a second round at once.
+        engine.clickCount = engine.pressCount = 1;
         for (auto* worker : {runAutoClicker, runKeySpammer, runPlayer, runCommandThread})
             threads_.emplace_back(worker);
+        ASSERT_TRUE(eventually([] { return engine.clickCount == 0 && engine.pressCount == 0; }));
     }
     void TearDown() override {
         engine.running.exchange(false);
