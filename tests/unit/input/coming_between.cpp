@@ -2,6 +2,8 @@
 
 #include <pthread.h>
 
+#include <atomic>
+#include <thread>
 #include <utility>
 
 #include "persistence/profiles.h"
@@ -9,12 +11,15 @@
 namespace ravelin::test {
 namespace {
 
-thread_local ComingBetween* waiting = nullptr;
+// One thread's, kept without the thread's own storage: on Windows that is found under a lock.
+std::atomic<ComingBetween*> waiting = nullptr;
+std::thread::id waitingThread;
 
 }  // namespace
 
 ComingBetween::ComingBetween(int nthLock, std::function<void()> action)
     : locksToGo_(nthLock), action_(std::move(action)) {
+    waitingThread = std::this_thread::get_id();
     waiting = this;
 }
 
@@ -23,10 +28,14 @@ ComingBetween::~ComingBetween() {
 }
 
 void ComingBetween::beforeLock(const void* mutex) {
-    if (waiting == nullptr || mutex != profileMutex.native_handle()) return;
-    if (--waiting->locksToGo_ > 0) return;
+    ComingBetween* const between = waiting;
+    if (between == nullptr || mutex != profileMutex.native_handle() ||
+        waitingThread != std::this_thread::get_id())
+        return;
+    if (--between->locksToGo_ > 0) return;
     // The action takes the lock as well, and is not waited for by another.
-    std::exchange(waiting, nullptr)->action_();
+    waiting = nullptr;
+    between->action_();
 }
 
 }  // namespace ravelin::test
