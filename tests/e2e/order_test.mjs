@@ -77,11 +77,13 @@ test('start and end follow their order', async () => {
         await page.evaluate(() => window.startKeySpam());
         await page.evaluate(() => window.detachPanel('Auto clicker', 'panel-spammer', 900, 200, 'ravelin'));
         await ravelin.panelPage('Ravelin - Auto clicker');
-        await until(() => /WinHttpOpen/.test(ravelin.run.output), 'the check for an update');
-        await until(() => {
+        // The engine of the view asks the network as well, and a panel reads the session.
+        const asked = (fits) => {
             const calls = callsIn(ravelin.run.output);
-            return calls.some(({ thread, text }) => thread !== calls[0].thread && /session\.dat"/.test(text));
-        }, 'the background save');
+            return fromTheProgram(calls, calls.find(({ name }) => name === 'SetDefaultDllDirectories').from).some((call) => call.thread !== calls[0].thread && fits(call));
+        };
+        await until(() => asked(({ name }) => name === 'WinHttpOpen'), 'the check for an update');
+        await until(() => asked(({ text }) => /session\.dat".*"wb"/.test(text)), 'the background save');
         assert.equal(await ravelin.close(), 0);
         output = ravelin.run.output;
         ravelin = undefined;
