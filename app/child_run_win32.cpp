@@ -16,11 +16,14 @@
 #include "app/program_folder.h"
 #include "app/run_modes.h"
 #include "app/saved_state.h"
+#include "app/view_host_win32.h"
+#include "app/window_opening_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "persistence/data_folder.h"
 #include "persistence/legacy_files.h"
 #include "support/utf.h"
+#include "themes/theme_ground.h"
 
 namespace ravelin {
 namespace {
@@ -34,7 +37,11 @@ void migrateFiles() {
 class ChildPanel {
   public:
     ChildPanel(WebView& view, const ChildFields& fields)
-        : view_(view), status_(dataFile("status.txt")), settings_(dataFile("session.dat")) {
+        : view_(view),
+          opening_(static_cast<HWND>(view.window()), WindowOpening::Activation::allowed),
+          host_(view.browserController()),
+          status_(dataFile("status.txt")),
+          settings_(dataFile("session.dat")) {
         const std::string title = std::string(panelTitlePrefix) + ansiToUtf8(fields.title);
         view_.setTitle(title);
         view_.setSize(childWidth, childHeight);
@@ -45,7 +52,11 @@ class ChildPanel {
         if (fields.tornOffAt) corner = windowCorner(*fields.tornOffAt);
         window_.emplace(window, corner, events());
         bindPageMethods(view_, childPageMethods(services()));
-        showPage(fields);
+        if (showPage(fields)) {
+            opening_.revealSoon();
+        } else {
+            opening_.reveal();
+        }
     }
 
   private:
@@ -53,6 +64,7 @@ class ChildPanel {
         return {
             .hover = [](bool over) { sendToMainProcess("panelHover", over ? "1" : "0"); },
             .dockBack = [this] { view_.terminate(); },
+            .follow = [this](const WindowMessage& message) { host_.follow(message); },
         };
     }
 
@@ -70,24 +82,29 @@ class ChildPanel {
             .savedStatus = [this] { return mainWindowIsThere() ? status_.read() : std::string(); },
             .savedSettings = [this] { return settings_.read(); },
             .environment = [this] { return environmentOf(static_cast<HWND>(view_.window())); },
+            .pagePainted = [this] { opening_.reveal(); },
         };
     }
 
     // A status that nobody writes any more would be shown as if it still held.
     static bool mainWindowIsThere() { return findWindowByTitle(mainWindowTitle) != nullptr; }
 
-    void showPage(const ChildFields& fields) {
+    // False when there is no page to be shown.
+    bool showPage(const ChildFields& fields) {
         const auto folder = programFolder();
         auto page = readPage(folder);
         if (!page) {
             view_.setHtml("<h2>Error loading UI in child process</h2>");
-            return;
+            return false;
         }
         view_.setHtml(assemblePage(
             withPanelScript(std::move(*page), fields.panelId, fields.themeKey), folder));
+        return true;
     }
 
     WebView& view_;
+    WindowOpening opening_;
+    ViewHost host_;
     SavedStatus status_;
     SavedSettings settings_;
     std::optional<ChildWindow> window_;
@@ -97,12 +114,14 @@ class ChildPanel {
 
 int runChildPanel(const std::string& rawCommandLine) {
     migrateFiles();
+    const ChildFields fields = readChildFields(rawCommandLine);
+    setBrowserGround(groundOfTheme(fields.themeKey));
     auto [view, failure] = WebView::create();
     if (!view) {
         showMissingEquipment(failure);
         return 1;
     }
-    const ChildPanel panel(*view, readChildFields(rawCommandLine));
+    const ChildPanel panel(*view, fields);
     view->run();
     // Calls of the page that are still on their way reach the panel until the view is gone.
     view.reset();

@@ -63,6 +63,7 @@ void storePlacement(HWND window, const MainWindowEvents& events) {
 // A placement that cannot be stored is lost; the window goes on.
 void listen(HWND window, MainWindowEvents events) {
     subclassWindow(window, [window, events = std::move(events)](const WindowMessage& message) {
+        if (events.follow) events.follow(message);
         if (message.id == WM_EXITSIZEMOVE || message.id == WM_DESTROY)
             storePlacement(window, events);
         if (message.id == WM_ENDSESSION && message.wParam != FALSE) {
@@ -84,7 +85,7 @@ void startMainWindow(HWND window, const MainWindowStart& start, MainWindowEvents
     if (start.placement.maximized && !start.startMinimized) ShowWindow(window, SW_SHOWMAXIMIZED);
     if (start.alwaysOnTop) setAlwaysOnTop(window, true);
     if (start.startMinimized) {
-        ShowWindow(window, SW_MINIMIZE);
+        ShowWindow(window, SW_SHOWMINNOACTIVE);
     } else {
         bringToForeground(window);
     }
