@@ -100,7 +100,8 @@ TEST_F(ViewOfWindow, StaysVisibleWhileAPanelIsOut) {
 }
 
 TEST_F(ViewOfWindow, IsLeftAloneByOtherMessages) {
-    for (const UINT id : {WM_KILLFOCUS, WM_PAINT, WM_ACTIVATE, WM_EXITSIZEMOVE, WM_SHOWWINDOW})
+    for (const UINT id :
+         std::vector<UINT>{WM_KILLFOCUS, WM_PAINT, WM_ACTIVATE, WM_EXITSIZEMOVE, WM_SHOWWINDOW})
         host.follow({id, 1, 0});
     restore();
     EXPECT_TRUE(controller.calls.empty());
@@ -108,7 +109,7 @@ TEST_F(ViewOfWindow, IsLeftAloneByOtherMessages) {
 
 TEST(MissingView, IsPassedOver) {
     ViewHost host(nullptr);
-    for (const UINT id : {WM_SETFOCUS, WM_MOVE, WM_SIZE})
+    for (const UINT id : std::vector<UINT>{WM_SETFOCUS, WM_MOVE, WM_SIZE})
         host.follow({id, SIZE_MINIMIZED, 0});
     host.updateVisibility();
 }
