@@ -6,11 +6,9 @@ import { flushSync, mount } from "svelte";
 import Page from "./frame/Page.svelte";
 import { App } from "./state/app.svelte";
 import { installCallbacks } from "./frame/callbacks";
-import { refuseDrops } from "./frame/drops";
 
 const app = new App(window);
 installCallbacks(window, app);
-refuseDrops(window);
 void app.start();
 
 function putTogether() {

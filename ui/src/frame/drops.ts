@@ -12,13 +12,8 @@ function isTextForField(event: DragEvent): boolean {
   return onlyText && event.target instanceof Element && event.target.matches(fields);
 }
 
-function refuse(event: DragEvent): void {
+export function refuseDrop(event: DragEvent): void {
   if (isTextForField(event)) return;
   event.preventDefault();
   if (event.dataTransfer) event.dataTransfer.dropEffect = "none";
-}
-
-export function refuseDrops(host: Window): void {
-  host.addEventListener("dragover", refuse);
-  host.addEventListener("drop", refuse);
 }

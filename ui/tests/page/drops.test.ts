@@ -41,7 +41,9 @@ async function drop(view: View, selector: string, data: DragData): Promise<strin
   page.context().on("page", (other) => left.push(other.url()));
   const box = (await page.locator(selector).first().boundingBox())!;
   const devtools = await page.context().newCDPSession(page);
-  const at = { x: box.x + box.width / 2, y: box.y + box.height / 2, data };
+  // A browser's window is left by what is dropped beside the page.
+  const bottom = Math.min(box.y + box.height, page.viewportSize()!.height);
+  const at = { x: box.x + box.width / 2, y: (box.y + bottom) / 2, data };
   for (const type of ["dragEnter", "dragOver", "drop"] as const)
     await devtools.send("Input.dispatchDragEvent", { type, ...at });
   // A browser that leaves a page does so after its answer; an answer from the page comes after that.
@@ -55,7 +57,7 @@ const panel: ViewOptions = {
   only: panelWindowMethods,
   appended: panelScript("panel-spammer", "ravelin"),
 };
-const number = "#panel-spammer .interval input, #panel-spammer input[inputmode=numeric]";
+const number = "#panel-spammer input[inputmode=numeric]";
 
 for (const [name, data] of dragged) {
   test(`${name} dropped on the page leaves it where it is`, async () => {
@@ -88,14 +90,4 @@ test("text may be dropped into a field", async () => {
   await field.fill("");
   expect(await drop(view, number, dragged[2]![1])).toEqual([]);
   expect(await field.inputValue()).toBe("42");
-});
-
-test("a drag that the page does not take is shown as one", async () => {
-  const view = await open();
-  const effect = await view.page.evaluate(() => {
-    const over = new DragEvent("dragover", { cancelable: true, bubbles: true, dataTransfer: new DataTransfer() });
-    document.body.dispatchEvent(over);
-    return [over.defaultPrevented, over.dataTransfer!.dropEffect];
-  });
-  expect(effect).toEqual([true, "none"]);
 });
