@@ -51,7 +51,7 @@ void place(HWND window, bool onTop) {
 void alignPanelsWith(HWND mainWindow) {
     Search search{mainWindow, isAlwaysOnTop(mainWindow)};
     EnumWindows(lookAtNext, reinterpret_cast<LPARAM>(&search));
-    // The lowest first, so that they keep their order.
+    // The lowest first, so that they keep their order as long as their processes keep up.
     for (const HWND window : std::views::reverse(search.misplaced))
         place(window, search.mainWindowIsOnTop);
 }
