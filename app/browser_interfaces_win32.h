@@ -61,7 +61,7 @@ struct BrowserView : IUnknown {
 
 struct BrowserController : IUnknown {
     RAVELIN_UNUSED_SLOT(getIsVisible);
-    RAVELIN_UNUSED_SLOT(putIsVisible);
+    virtual HRESULT STDMETHODCALLTYPE putIsVisible(BOOL visible) = 0;
     RAVELIN_UNUSED_SLOT(getBounds);
     RAVELIN_UNUSED_SLOT(putBounds);
     RAVELIN_UNUSED_SLOT(getZoomFactor);
@@ -69,7 +69,7 @@ struct BrowserController : IUnknown {
     RAVELIN_UNUSED_SLOT(addZoomFactorChanged);
     RAVELIN_UNUSED_SLOT(removeZoomFactorChanged);
     RAVELIN_UNUSED_SLOT(setBoundsAndZoomFactor);
-    RAVELIN_UNUSED_SLOT(moveFocus);
+    virtual HRESULT STDMETHODCALLTYPE moveFocus(int reason) = 0;
     RAVELIN_UNUSED_SLOT(addMoveFocusRequested);
     RAVELIN_UNUSED_SLOT(removeMoveFocusRequested);
     RAVELIN_UNUSED_SLOT(addGotFocus);
@@ -80,7 +80,7 @@ struct BrowserController : IUnknown {
     RAVELIN_UNUSED_SLOT(removeAcceleratorKeyPressed);
     RAVELIN_UNUSED_SLOT(getParentWindow);
     RAVELIN_UNUSED_SLOT(putParentWindow);
-    RAVELIN_UNUSED_SLOT(notifyParentWindowPositionChanged);
+    virtual HRESULT STDMETHODCALLTYPE notifyParentWindowPositionChanged() = 0;
     RAVELIN_UNUSED_SLOT(close);
     virtual HRESULT STDMETHODCALLTYPE getBrowserView(BrowserView** view) = 0;
 };

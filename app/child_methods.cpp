@@ -55,6 +55,7 @@ std::vector<PageMethod> childPageMethods(const ChildServices& services) {
     add("getSettings", answering(services.savedSettings));
     add("getEnvironment",
         answering([read = services.environment] { return getEnvironment(read()); }));
+    add("pagePainted", acting(services.pagePainted));
     return methods;
 }
 

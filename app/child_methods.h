@@ -24,6 +24,8 @@ struct ChildServices {
     std::function<std::string()> savedStatus;
     std::function<std::string()> savedSettings;
     std::function<Environment()> environment;
+    // The page stands there as the user shall first see it.
+    std::function<void()> pagePainted;
 };
 
 // In the order in which they are bound.

@@ -14,6 +14,8 @@ std::vector<std::string> collectEndedPanels();
 // Whether the next call above will give any.
 bool anyPanelEnded();
 
+// Whether any panel is out, or has ended since the last collection.
+bool anyPanelOut();
 // Whether a process shows the panel, or has ended since the last collection.
 bool isPanelOut(std::string_view panelId);
 

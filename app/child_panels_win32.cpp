@@ -62,6 +62,11 @@ bool anyPanelEnded() {
                                [](const auto& entry) { return hasEnded(entry.second); });
 }
 
+bool anyPanelOut() {
+    const std::lock_guard lock(profileMutex);
+    return !childPanelTable().empty();
+}
+
 bool isPanelOut(std::string_view panelId) {
     const std::lock_guard lock(profileMutex);
     return childPanelTable().contains(panelId);

@@ -17,11 +17,14 @@
 #include "app/program_folder.h"
 #include "app/run_modes.h"
 #include "app/saved_state.h"
+#include "app/view_host_win32.h"
+#include "app/window_opening_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "persistence/data_folder.h"
 #include "persistence/legacy_files.h"
 #include "support/utf.h"
+#include "themes/theme_ground.h"
 
 namespace ravelin {
 namespace {
@@ -35,7 +38,11 @@ void migrateFiles() {
 class ChildPanel {
   public:
     ChildPanel(WebView& view, const ChildFields& fields)
-        : view_(view), status_(dataFile("status.txt")), settings_(dataFile("session.dat")) {
+        : view_(view),
+          opening_(static_cast<HWND>(view.window()), WindowOpening::Activation::allowed),
+          host_(view.browserController()),
+          status_(dataFile("status.txt")),
+          settings_(dataFile("session.dat")) {
         const std::string title = std::string(panelTitlePrefix) + ansiToUtf8(fields.title);
         view_.setTitle(title);
         view_.setSize(childWidth, childHeight);
@@ -47,7 +54,11 @@ class ChildPanel {
         window_.emplace(window, corner, events());
         followMainWindow(window);
         bindPageMethods(view_, childPageMethods(services()));
-        showPage(fields);
+        if (showPage(fields)) {
+            opening_.revealSoon();
+        } else {
+            opening_.reveal();
+        }
     }
 
   private:
@@ -55,6 +66,7 @@ class ChildPanel {
         return {
             .hover = [](bool over) { sendToMainProcess("panelHover", over ? "1" : "0"); },
             .dockBack = [this] { view_.terminate(); },
+            .follow = [this](const WindowMessage& message) { host_.follow(message); },
         };
     }
 
@@ -72,24 +84,29 @@ class ChildPanel {
             .savedStatus = [this] { return mainWindowIsThere() ? status_.read() : std::string(); },
             .savedSettings = [this] { return settings_.read(); },
             .environment = [this] { return environmentOf(static_cast<HWND>(view_.window())); },
+            .pagePainted = [this] { opening_.reveal(); },
         };
     }
 
     // A status that nobody writes any more would be shown as if it still held.
     static bool mainWindowIsThere() { return findWindowByTitle(mainWindowTitle) != nullptr; }
 
-    void showPage(const ChildFields& fields) {
+    // False when there is no page to be shown.
+    bool showPage(const ChildFields& fields) {
         const auto folder = programFolder();
         auto page = readPage(folder);
         if (!page) {
             view_.setHtml("<h2>Error loading UI in child process</h2>");
-            return;
+            return false;
         }
         view_.setHtml(assemblePage(
             withPanelScript(std::move(*page), fields.panelId, fields.themeKey), folder));
+        return true;
     }
 
     WebView& view_;
+    WindowOpening opening_;
+    ViewHost host_;
     SavedStatus status_;
     SavedSettings settings_;
     std::optional<ChildWindow> window_;
@@ -99,12 +116,14 @@ class ChildPanel {
 
 int runChildPanel(const std::string& rawCommandLine) {
     migrateFiles();
+    const ChildFields fields = readChildFields(rawCommandLine);
+    setBrowserGround(groundOfTheme(fields.themeKey));
     auto [view, failure] = WebView::create();
     if (!view) {
         showMissingEquipment(failure);
         return 1;
     }
-    const ChildPanel panel(*view, readChildFields(rawCommandLine));
+    const ChildPanel panel(*view, fields);
     view->run();
     // Calls of the page that are still on their way reach the panel until the view is gone.
     view.reset();

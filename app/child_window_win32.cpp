@@ -78,6 +78,7 @@ ChildWindow::ChildWindow(HWND window, std::optional<platform::Point> corner,
     SetWindowPos(window, nullptr, at.x, at.y, childWidth, childHeight,
                  SWP_NOZORDER | SWP_FRAMECHANGED | inPlace);
     subclassWindow(window, [dragged = state_.get()](const WindowMessage& message) {
+        if (dragged->events.follow) dragged->events.follow(message);
         return ChildFramelessWndProc(*dragged, message.id);
     });
 }

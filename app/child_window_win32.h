@@ -7,14 +7,17 @@
 #include <memory>
 #include <optional>
 
+#include "app/window_subclass_win32.h"
 #include "input/platform.h"
 
 namespace ravelin {
 
-// What happens during a drag.
+// What happens to the window, and during a drag of it.
 struct PanelWindowEvents {
     std::function<void(bool over)> hover;  // the cursor came over the main window, or left it
     std::function<void()> dockBack;        // dropped on the main window
+    // Sees every message before the window does.
+    std::function<void(const WindowMessage&)> follow;
 };
 
 struct DraggedWindow;

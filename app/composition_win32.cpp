@@ -4,8 +4,10 @@ namespace ravelin {
 namespace {
 
 constexpr DWORD extendedFrameBounds = 9;  // DWMWA_EXTENDED_FRAME_BOUNDS
+constexpr DWORD cloak = 13;               // DWMWA_CLOAK
 
 using GetAttribute = HRESULT WINAPI(HWND window, DWORD attribute, void* value, DWORD size);
+using SetAttribute = HRESULT WINAPI(HWND window, DWORD attribute, const void* value, DWORD size);
 
 // Null where there is no compositor. Never freed: it keeps threads of its own.
 template <class Function>
@@ -28,6 +30,12 @@ Border invisibleBorder(HWND window) {
         GetWindowRect(window, &whole) == 0)
         return {};
     return {seen.left - whole.left, seen.top - whole.top};
+}
+
+void setCloaked(HWND window, bool cloaked) {
+    auto* const setAttribute = findFunction<SetAttribute>("DwmSetWindowAttribute");
+    const BOOL value = cloaked ? TRUE : FALSE;
+    if (setAttribute != nullptr) setAttribute(window, cloak, &value, sizeof value);
 }
 
 }  // namespace ravelin

@@ -13,4 +13,8 @@ struct Border {
 };
 Border invisibleBorder(HWND window);
 
+// Keeps a window from being seen though it is shown, or lets it be seen again. It is drawn and
+// takes part in everything else all the same. Nothing happens where there is no compositor.
+void setCloaked(HWND window, bool cloaked);
+
 }  // namespace ravelin

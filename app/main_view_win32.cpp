@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <memory>
 #include <utility>
 
 #include "app/browser_settings.h"
@@ -17,6 +18,8 @@
 #include "app/shell.h"
 #include "app/status_file.h"
 #include "app/update_run.h"
+#include "app/view_host_win32.h"
+#include "app/window_opening_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "input/requests.h"
@@ -32,7 +35,26 @@ namespace {
 constexpr int defaultWidth = 420;
 constexpr int defaultHeight = 560;
 
-MainWindowServices services(WebView& view) {
+// The window around the view, as far as it outlives the start.
+struct OpenedWindow {
+    explicit OpenedWindow(const WebView& view)
+        : opening(static_cast<HWND>(view.window()), appSettings.startMinimized
+                                                        ? WindowOpening::Activation::refused
+                                                        : WindowOpening::Activation::allowed),
+          host(view.browserController(), anyPanelOut) {}
+
+    WindowOpening opening;
+    // While a panel is out, the page takes back what becomes of it.
+    ViewHost host;
+};
+
+std::vector<std::string> collectPanels(OpenedWindow& window) {
+    auto ended = collectEndedPanels();
+    if (!ended.empty()) window.host.updateVisibility();
+    return ended;
+}
+
+MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& window) {
     return {
         .resizeWindow =
             [&view](std::int32_t width, std::int32_t height) {
@@ -40,7 +62,7 @@ MainWindowServices services(WebView& view) {
                              [&view](std::int32_t w, std::int32_t h) { view.setSize(w, h); });
             },
         .openAddress = openAddress,
-        .collectEndedPanels = collectEndedPanels,
+        .collectEndedPanels = [window] { return collectPanels(*window); },
         .anyPanelEnded = anyPanelEnded,
         .writeStatusFile = writeStatusFile,
         .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
@@ -53,16 +75,20 @@ MainWindowServices services(WebView& view) {
                                           .start = startChildPanel});
             },
         .environment = [&view] { return environmentOf(static_cast<HWND>(view.window())); },
+        .pagePainted = [window] { window->opening.reveal(); },
     };
 }
 
-void showPage(WebView& view) {
+// False when there is no page to be shown.
+bool showPage(WebView& view) {
     const auto folder = programFolder();
-    if (auto page = readPage(folder)) {
-        view.setHtml(assemblePage(std::move(*page), folder));
-    } else {
+    auto page = readPage(folder);
+    if (!page) {
         showError("UI Error", "Failed to read:\n" + narrow(pagePath(folder).wstring()));
+        return false;
     }
+    view.setHtml(assemblePage(std::move(*page), folder));
+    return true;
 }
 
 void storePlacement(const WindowPlacement& placement) {
@@ -75,7 +101,7 @@ void storePlacement(const WindowPlacement& placement) {
     saveAppSettings();
 }
 
-void placeAndShow(WebView& view) {
+void placeAndShow(WebView& view, const std::shared_ptr<OpenedWindow>& window) {
     const AppSettings& settings = appSettings;
     const MainWindowStart start{
         .placement = {settings.windowX, settings.windowY, settings.windowWidth,
@@ -83,18 +109,20 @@ void placeAndShow(WebView& view) {
         .alwaysOnTop = settings.alwaysOnTop,
         .startMinimized = settings.startMinimized,
     };
-    startMainWindow(findWindowByTitle(mainWindowTitle), start,
-                    {
-                        .store = storePlacement,
-                        .sessionEnds =
-                            [&view] {
-                                saveSessionForGood();
-                                // When nobody ends the process after all, it ends by itself.
-                                view.terminate();
-                            },
-                        // On waking, everything that was due meanwhile would be sent at once.
-                        .sleepBegins = [] { postRequest(requests.stopPlayback); },
-                    });
+    startMainWindow(
+        findWindowByTitle(mainWindowTitle), start,
+        {
+            .store = storePlacement,
+            .sessionEnds =
+                [&view] {
+                    saveSessionForGood();
+                    // When nobody ends the process after all, it ends by itself.
+                    view.terminate();
+                },
+            // On waking, everything that was due meanwhile would be sent at once.
+            .sleepBegins = [] { postRequest(requests.stopPlayback); },
+            .follow = [window](const WindowMessage& message) { window->host.follow(message); },
+        });
 }
 
 // Takes the sink away again when the view behind it does not come to be.
@@ -118,14 +146,21 @@ WebView::Created makeMainView() {
     auto created = WebView::create();
     if (!created.view) return created;
     WebView& view = *created.view;
+    const auto window = std::make_shared<OpenedWindow>(view);
     SinkOfView sink(view);
     view.setTitle(std::string(mainWindowTitle));
     setWindowIcons(findWindowByTitle(mainWindowTitle));
     restrictBrowser(view.browserController());
     view.setSize(defaultWidth, defaultHeight);
-    bindPageMethods(view, mainPageMethods(services(view)));
-    showPage(view);
-    placeAndShow(view);
+    bindPageMethods(view, mainPageMethods(services(view, window)));
+    const bool pageComes = showPage(view);
+    placeAndShow(view, window);
+    window->opening.allowActivation();
+    if (pageComes && !appSettings.startMinimized) {
+        window->opening.revealSoon();
+    } else {
+        window->opening.reveal();
+    }
     sink.kept = true;
     return created;
 }

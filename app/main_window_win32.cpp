@@ -79,6 +79,7 @@ class PanelsOnTop {
 void listen(HWND window, MainWindowEvents events) {
     subclassWindow(window, [window, events = std::move(events),
                             panels = PanelsOnTop()](const WindowMessage& message) mutable {
+        if (events.follow) events.follow(message);
         if (message.id == WM_WINDOWPOSCHANGED)
             panels.see(window, *reinterpret_cast<const WINDOWPOS*>(message.lParam));
         if (message.id == WM_EXITSIZEMOVE || message.id == WM_DESTROY)
@@ -102,7 +103,7 @@ void startMainWindow(HWND window, const MainWindowStart& start, MainWindowEvents
     if (start.placement.maximized && !start.startMinimized) ShowWindow(window, SW_SHOWMAXIMIZED);
     if (start.alwaysOnTop) setAlwaysOnTop(window, true);
     if (start.startMinimized) {
-        ShowWindow(window, SW_MINIMIZE);
+        ShowWindow(window, SW_SHOWMINNOACTIVE);
     } else {
         bringToForeground(window);
     }

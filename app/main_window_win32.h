@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "app/window_placement.h"
+#include "app/window_subclass_win32.h"
 
 namespace ravelin {
 
@@ -27,11 +28,14 @@ struct MainWindowEvents {
     std::function<void()> sessionEnds;
     // The system goes to sleep in a moment.
     std::function<void()> sleepBegins;
+    // Sees every message before the window does.
+    std::function<void(const WindowMessage&)> follow;
 };
 
 // Puts the main window where it was, on a monitor that is still there and no larger than its work
-// area, and shows it as the settings say; otherwise it keeps the place it has. From then on its
-// events are told. Called once, on the window's thread. A null window is ignored.
+// area, and shows it as the settings say; otherwise it keeps the place it has. A window that starts
+// minimised never comes to the foreground. From then on its events are told. Called once, on the
+// window's thread. A null window is ignored.
 void startMainWindow(HWND window, const MainWindowStart& start, MainWindowEvents events);
 
 }  // namespace ravelin

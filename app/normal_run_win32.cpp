@@ -20,6 +20,7 @@
 #include "persistence/legacy_files.h"
 #include "persistence/profiles.h"
 #include "persistence/session_file.h"
+#include "themes/theme_ground.h"
 #include "themes/theme_key.h"
 #include "updater/stale_folders.h"
 #include "updater/update_check.h"
@@ -65,6 +66,12 @@ void keepTimingInBackground() {
     optOutOfTimerThrottling();
 }
 
+// The one that the page will take on.
+std::string themeAtStart() {
+    const std::string chosen = chosenTheme(appSettings.seenWarnings);
+    return chosen.empty() ? currentThemeKey : chosen;
+}
+
 }  // namespace
 
 int runNormally(const ComSession& com, const Switches& switches) {
@@ -80,6 +87,7 @@ int runNormally(const ComSession& com, const Switches& switches) {
     prepareTiming();
     loadPreferences();
     keepTimingInBackground();
+    setBrowserGround(groundOfTheme(themeAtStart()));
     EngineRun engineRun;
     engineRun.start();
     auto [view, failure] = makeMainView();

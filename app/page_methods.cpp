@@ -120,6 +120,9 @@ std::vector<PageMethod> mainPageMethods(const MainWindowServices& services) {
          [ended = services.anyPanelEnded](const std::string&) { return getActivity(ended()); },
          {}},
         {"getEnvironment", environment(services.environment), {}},
+        {"pagePainted",
+         silent([painted = services.pagePainted](const std::string&) { painted(); }),
+         {}},
     };
 }
 

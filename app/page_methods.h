@@ -43,6 +43,8 @@ struct MainWindowServices {
     // Puts the panel into a window of its own; the answer is empty or a message for the user.
     std::function<std::string(const std::string& args)> detachPanel;
     std::function<Environment()> environment;
+    // The page stands there as the user shall first see it.
+    std::function<void()> pagePainted;
 };
 
 // The methods of the main window in the order in which they are bound.

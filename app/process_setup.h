@@ -12,6 +12,10 @@ void restrictLibrarySearch();
 // instrument the embedded browser. None is set to a value of the program's own.
 void removeBrowserVariables();
 
+// Stores the colour (0xRRGGBB) on which the embedded browser paints until it has a page, in this
+// process's environment: the browser looks for it there before anything of it can be seen.
+void setBrowserGround(std::uint32_t colour);
+
 // Aware of the system's DPI, not of each monitor's.
 void markDpiAware();
 

@@ -5,6 +5,9 @@
 #include <objbase.h>
 #include <timeapi.h>
 
+#include <iomanip>
+#include <sstream>
+
 namespace ravelin {
 namespace {
 
@@ -46,6 +49,13 @@ void restrictLibrarySearch() {
 void removeBrowserVariables() {
     for (const wchar_t* name : browserVariables)
         SetEnvironmentVariableW(name, nullptr);
+}
+
+void setBrowserGround(std::uint32_t colour) {
+    // Eight digits; the first two say how opaque it is.
+    std::wostringstream value;
+    value << L"FF" << std::hex << std::setw(6) << std::setfill(L'0') << colour;
+    SetEnvironmentVariableW(L"WEBVIEW2_DEFAULT_BACKGROUND_COLOR", value.str().c_str());
 }
 
 void markDpiAware() {

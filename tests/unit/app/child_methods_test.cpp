@@ -24,6 +24,7 @@ class ChildMethods : public testing::Test {
             .savedSettings = [] { return std::string("{\"sh\":1}"); },
             .environment =
                 [] { return Environment{.scale = 2, .buttonsSwapped = false, .themeKey = "dawn"}; },
+            .pagePainted = [this] { note("painted", ""); },
         });
     }
 
@@ -49,7 +50,7 @@ TEST_F(ChildMethods, AreBoundInTheirOrder) {
         "updateSpammer",    "updateKeySpam", "removeKeySpamTarget", "setKeySpamChordMode",
         "reassignKey",      "startSpammer",  "stopSpammer",         "startKeySpam",
         "stopKeySpam",      "resizeWindow",  "beginWindowDrag",     "closeThisWindow",
-        "getTrackerStatus", "getSettings",   "getEnvironment"};
+        "getTrackerStatus", "getSettings",   "getEnvironment",      "pagePainted"};
     std::vector<std::string> names;
     for (const auto& method : methods_)
         names.push_back(method.name);
@@ -59,6 +60,11 @@ TEST_F(ChildMethods, AreBoundInTheirOrder) {
 TEST_F(ChildMethods, TellTheEnvironmentOfTheirOwnWindow) {
     EXPECT_TRUE(call("getEnvironment", "[]")
                     .starts_with(R"({"scale":2,"buttonsSwapped":false,"themeKey":"dawn",)"));
+}
+
+TEST_F(ChildMethods, TellThatThePageIsPainted) {
+    EXPECT_EQ(call("pagePainted", "[]"), "");
+    EXPECT_EQ(log_, std::vector<std::string>{"painted|"});
 }
 
 TEST_F(ChildMethods, ForwardTheUnwrappedValue) {

@@ -34,6 +34,7 @@ class PageMethods : public test::EngineTest {
         services_.environment = [] {
             return Environment{.scale = 1.25, .buttonsSwapped = true, .themeKey = "dawn"};
         };
+        services_.pagePainted = [this] { ++painted_; };
         methods_ = mainPageMethods(services_);
     }
 
@@ -61,6 +62,7 @@ class PageMethods : public test::EngineTest {
     std::vector<std::string> updates_;
     std::vector<std::string> detached_;
     std::string refusal_;
+    int painted_ = 0;
 };
 
 TEST_F(PageMethods, AreBoundInTheirOrder) {
@@ -71,7 +73,8 @@ TEST_F(PageMethods, AreBoundInTheirOrder) {
         "setAppSetting",       "setPanelOrder", "resetHotkeys",   "openLink",
         "getTrackerStatus",    "clearProfile",  "addProfile",     "deleteProfile",
         "switchProfile",       "getProfiles",   "startUpdate",    "getSettings",
-        "reassignKey",         "detachPanel",   "getActivity",    "getEnvironment"};
+        "reassignKey",         "detachPanel",   "getActivity",    "getEnvironment",
+        "pagePainted"};
     std::vector<std::string> names;
     for (const auto& m : methods_)
         names.push_back(m.name);
@@ -103,6 +106,11 @@ TEST_F(PageMethods, TheEnvironmentCountsWhatWentWrong) {
     EXPECT_EQ(
         call("getEnvironment"),
         R"({"scale":1.25,"buttonsSwapped":true,"themeKey":"dawn","hooksMissing":true,"hooksPutBack":1,"refusedSends":2,"failures":3})");
+}
+
+TEST_F(PageMethods, ThePageTellsThatItIsPainted) {
+    EXPECT_EQ(call("pagePainted"), "");
+    EXPECT_EQ(painted_, 1);
 }
 
 TEST_F(PageMethods, DetachingAPanelAnswersTheMessage) {

@@ -29,6 +29,7 @@ export interface PageMethods {
   detachPanel(title: string, id: string, x: number, y: number, themeKey: string): unknown;
   getActivity(): unknown;
   getEnvironment(): unknown;
+  pagePainted(): void;
   beginWindowDrag(text: string): void;
   closeThisWindow(): void;
 }

@@ -15,7 +15,7 @@ declare global {
 
 export function installCallbacks(host: Window, app: App): void {
   host.applyTheme = (key) => app.theme.apply(String(key));
-  host.resizeHostWindow = () => requestSize(host.document, app);
+  host.resizeHostWindow = () => (app.fitted = requestSize(host.document, app));
   host.onUpdateAvailable = (offered, own) => {
     app.update.offer(String(offered), String(own));
     app.say(`Version ${offered} is available`);

@@ -36,6 +36,8 @@ export class App {
   readonly update: Update;
   readonly surroundings: Surroundings;
   readonly trouble: Trouble;
+  // Settled when the window has the size that was last asked for by the program.
+  fitted: Promise<void> = Promise.resolve();
   // What is read out by screen readers.
   notice = $state("");
   // What the program could not do, in its own words.

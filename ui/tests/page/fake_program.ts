@@ -137,6 +137,7 @@ export function installFakeProgram(options: ProgramOptions): void {
       return { changes: program.changes, clicks: 0, presses: 0 };
     },
     getEnvironment: () => program.environment,
+    pagePainted: () => undefined,
     beginWindowDrag: () => undefined,
     closeThisWindow: () => undefined,
   };

@@ -29,7 +29,7 @@ const methods = [
   "getAppSettings", "markWarningSeen", "setAppSetting", "setPanelOrder", "resetHotkeys",
   "openLink", "getTrackerStatus", "clearProfile", "addProfile", "deleteProfile", "switchProfile",
   "getProfiles", "startUpdate", "getSettings", "reassignKey", "getActivity",
-  "getEnvironment",
+  "getEnvironment", "pagePainted",
 ];
 
 describe("the page stays whole", () => {

@@ -1,0 +1,59 @@
+#include "app/window_opening_win32.h"
+
+#include "app/composition_win32.h"
+
+namespace ravelin {
+namespace {
+
+constexpr UINT longestPaintingMs = 5000;
+
+// What the system's callbacks find; they carry no argument of ours.
+WindowOpening* openingNow = nullptr;
+HWND refusedWindow = nullptr;
+
+LRESULT CALLBACK refuseActivation(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    if (code == HCBT_ACTIVATE && reinterpret_cast<HWND>(wParam) == refusedWindow) return 1;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+void CALLBACK revealNow(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    if (openingNow != nullptr) openingNow->reveal();
+}
+
+}  // namespace
+
+WindowOpening::WindowOpening(HWND window, Activation activation) : window_(window) {
+    if (window_ == nullptr) return;
+    openingNow = this;
+    setCloaked(window_, true);
+    cloaked_ = true;
+    if (activation == Activation::allowed) return;
+    refusedWindow = window_;
+    hook_ = SetWindowsHookExW(WH_CBT, refuseActivation, nullptr, GetCurrentThreadId());
+}
+
+WindowOpening::~WindowOpening() {
+    allowActivation();
+    reveal();
+    if (openingNow == this) openingNow = nullptr;
+}
+
+void WindowOpening::allowActivation() {
+    if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+    hook_ = nullptr;
+    refusedWindow = nullptr;
+}
+
+void WindowOpening::reveal() {
+    if (timer_ != 0) KillTimer(nullptr, timer_);
+    timer_ = 0;
+    if (!cloaked_) return;
+    cloaked_ = false;
+    setCloaked(window_, false);
+}
+
+void WindowOpening::revealSoon() {
+    if (cloaked_ && timer_ == 0) timer_ = SetTimer(nullptr, 0, longestPaintingMs, revealNow);
+}
+
+}  // namespace ravelin
