@@ -20,7 +20,8 @@ bool anyPanelOut();
 bool isPanelOut(std::string_view panelId);
 
 // Starts this executable with the arguments as the process that shows the panel; false when it
-// cannot be started. Takes profileMutex for the entry alone.
+// cannot be started. It ends with this process at the latest. Takes profileMutex for the entry
+// alone.
 bool startChildPanel(const std::string& panelId, const std::string& arguments);
 
 // Ends every child process with exit code 0 and empties the table.

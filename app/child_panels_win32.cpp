@@ -5,6 +5,7 @@
 
 #include "app/child_panel_table.h"
 #include "app/child_panels.h"
+#include "app/panel_job_win32.h"
 #include "input/engine_state.h"
 #include "persistence/profiles.h"
 #include "support/utf.h"
@@ -19,18 +20,16 @@ std::wstring ownExecutable() {
     return length < MAX_PATH ? std::wstring(path.data(), length) : std::wstring();
 }
 
+// Held until this process ends.
+const KernelHandle& panelJob() {
+    static const KernelHandle job = makePanelJob();
+    return job;
+}
+
 ProcessHandle startOwnExecutable(const std::string& arguments) {
     const std::wstring program = ownExecutable();
     if (program.empty()) return {};
-    std::wstring line = L'"' + program + L"\" " + widen(arguments);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION created{};
-    if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &start, &created) == 0)
-        return {};
-    const KernelHandle thread(created.hThread);
-    return ProcessHandle(created.hProcess);
+    return startInJob(panelJob(), program, L'"' + program + L"\" " + widen(arguments));
 }
 
 bool hasEnded(const ProcessHandle& process) {

@@ -12,6 +12,7 @@
 #include "app/page_binding.h"
 #include "app/page_file.h"
 #include "app/panel_script.h"
+#include "app/panels_on_top_win32.h"
 #include "app/pipe_client.h"
 #include "app/program_folder.h"
 #include "app/run_modes.h"
@@ -51,6 +52,7 @@ class ChildPanel {
         std::optional<platform::Point> corner;
         if (fields.tornOffAt) corner = windowCorner(*fields.tornOffAt);
         window_.emplace(window, corner, events());
+        followMainWindow(window);
         bindPageMethods(view_, childPageMethods(services()));
         if (showPage(fields)) {
             opening_.revealSoon();

@@ -17,7 +17,7 @@ struct PanelWindowEvents {
     std::function<void(bool over)> hover;  // the cursor came over the main window, or left it
     std::function<void()> dockBack;        // dropped on the main window
     // Sees every message before the window does.
-    std::function<void(const WindowMessage&)> follow = {};
+    std::function<void(const WindowMessage&)> follow{};
 };
 
 struct DraggedWindow;

@@ -40,6 +40,9 @@ std::string detachPanel(const std::string& args, const DetachServices& services)
     auto fields = readArguments(args);
     if (!fields || !isPanelId(fields->panelId)) return "There is no such panel to detach.";
     if (services.isOut(fields->panelId)) return "This panel is already in a window of its own.";
+    if (!services.pipeIsServed())
+        return "Another user's Ravelin is running on this computer. Until it is closed, panels "
+               "cannot have windows of their own.";
     if (fields->themeKey.empty()) fields->themeKey = services.themeKey;
     services.saveSession();
     if (!services.start(fields->panelId, childArguments(*fields)))

@@ -9,6 +9,8 @@ namespace ravelin {
 
 struct DetachServices {
     std::function<bool(std::string_view panelId)> isOut;
+    // Whether the main process gets what a panel forwards.
+    std::function<bool()> pipeIsServed;
     // The child reads the settings from the session file.
     std::function<void()> saveSession;
     std::string themeKey;  // for a page that names none

@@ -12,6 +12,7 @@
 #include "app/page_binding.h"
 #include "app/page_file.h"
 #include "app/page_methods.h"
+#include "app/pipe_server.h"
 #include "app/program_folder.h"
 #include "app/script_sink.h"
 #include "app/shell.h"
@@ -68,6 +69,7 @@ MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& 
         .detachPanel =
             [](const std::string& args) {
                 return detachPanel(args, {.isOut = isPanelOut,
+                                          .pipeIsServed = [] { return !ipcUnavailable.load(); },
                                           .saveSession = saveSession,
                                           .themeKey = currentThemeKey,
                                           .start = startChildPanel});

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/composition_win32.h"
+#include "app/panels_on_top_win32.h"
 #include "app/window_subclass_win32.h"
 #include "app/windows_win32.h"
 
@@ -60,10 +61,27 @@ void storePlacement(HWND window, const MainWindowEvents& events) {
     if (placement && events.store) events.store(*placement);
 }
 
+// Keeps panels above a main window that is kept on top, which a click into it would bring before
+// them, and lets them go with it.
+class PanelsOnTop {
+  public:
+    void see(HWND window, const WINDOWPOS& change) {
+        if ((change.flags & SWP_NOZORDER) != 0) return;
+        const bool wasOnTop = std::exchange(onTop_, isAlwaysOnTop(window));
+        if (wasOnTop || onTop_) alignPanelsWith(window);
+    }
+
+  private:
+    bool onTop_ = false;
+};
+
 // A placement that cannot be stored is lost; the window goes on.
 void listen(HWND window, MainWindowEvents events) {
-    subclassWindow(window, [window, events = std::move(events)](const WindowMessage& message) {
+    subclassWindow(window, [window, events = std::move(events),
+                            panels = PanelsOnTop()](const WindowMessage& message) mutable {
         if (events.follow) events.follow(message);
+        if (message.id == WM_WINDOWPOSCHANGED)
+            panels.see(window, *reinterpret_cast<const WINDOWPOS*>(message.lParam));
         if (message.id == WM_EXITSIZEMOVE || message.id == WM_DESTROY)
             storePlacement(window, events);
         if (message.id == WM_ENDSESSION && message.wParam != FALSE) {

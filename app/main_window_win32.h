@@ -29,7 +29,7 @@ struct MainWindowEvents {
     // The system goes to sleep in a moment.
     std::function<void()> sleepBegins;
     // Sees every message before the window does.
-    std::function<void(const WindowMessage&)> follow = {};
+    std::function<void(const WindowMessage&)> follow{};
 };
 
 // Puts the main window where it was, on a monitor that is still there and no larger than its work

@@ -106,6 +106,18 @@ void serve(HANDLE pipe) {
     }
 }
 
+// The name may belong to another process, which the flag tells from a further instance of this
+// one's.
+FileHandle firstInstance(const LocalSecurityDescriptor& security, DWORD nameRetryMs) {
+    while (engine.running.load()) {
+        auto pipe = createInstance(security, FILE_FLAG_FIRST_PIPE_INSTANCE);
+        ipcUnavailable.exchange(!pipe);
+        if (pipe) return pipe;
+        WaitForSingleObject(platform::quitEvent(), nameRetryMs);
+    }
+    return {};
+}
+
 FileHandle nextInstance(const LocalSecurityDescriptor& security) {
     while (engine.running.load()) {
         if (auto pipe = createInstance(security, 0)) return pipe;
@@ -116,12 +128,13 @@ FileHandle nextInstance(const LocalSecurityDescriptor& security) {
 
 }  // namespace
 
-void runPipeServer() {
+void servePipe(std::chrono::milliseconds nameRetry) {
     const auto security = makePipeSecurity();
-    FileHandle pipe;
-    // The first instance fails when another process holds the name already.
-    if (security) pipe = createInstance(security, FILE_FLAG_FIRST_PIPE_INSTANCE);
-    ipcUnavailable.exchange(!pipe);
+    if (!security) {
+        ipcUnavailable.exchange(true);
+        return;
+    }
+    auto pipe = firstInstance(security, static_cast<DWORD>(nameRetry.count()));
     while (pipe && engine.running.load()) {
         if (PipeCall(pipe.get()).connect() && isOwnClient(pipe.get())) serve(pipe.get());
         // The next one is there before the old one goes, so that the name is never free.
@@ -129,6 +142,10 @@ void runPipeServer() {
         DisconnectNamedPipe(pipe.get());
         pipe = std::move(next);
     }
+}
+
+void runPipeServer() {
+    servePipe(pipeNameRetry);
 }
 
 }  // namespace ravelin

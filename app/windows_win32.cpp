@@ -65,6 +65,10 @@ void setAlwaysOnTop(HWND window, bool on) {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+bool isAlwaysOnTop(HWND window) {
+    return (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
 void bringToForeground(HWND window) {
     if (window == nullptr) return;
     const DWORD self = GetCurrentThreadId();

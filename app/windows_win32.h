@@ -28,6 +28,8 @@ void setWindowIcons(HWND window);
 
 // Above all ordinary windows or among them again; neither moved, sized nor activated.
 void setAlwaysOnTop(HWND window, bool on);
+// False for a null window and for one that is gone.
+bool isAlwaysOnTop(HWND window);
 
 // To the top and the foreground, with the keyboard focus. Called on the thread of the window.
 void bringToForeground(HWND window);

@@ -4,7 +4,7 @@ import { cpSync, existsSync, rmSync } from 'node:fs';
 import path from 'node:path';
 import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
-import { runToEnd, programFolder, scratch, screenshot, start, windowsPath, within } from './lib/wine.mjs';
+import { runToEnd, programFolder, scratch, screenshot, start, toolFolder, until, windowsPath, within } from './lib/wine.mjs';
 import { untilWindow, windowState, windowTool } from './lib/windows.mjs';
 
 const elsewhere = path.join(scratch, 'program');
@@ -38,6 +38,36 @@ test('a second start restores and activates the minimised first one and exits wi
     const second = await runToEnd('Ravelin.exe');
     assert.equal(second.code, 0);
     await untilWindow(windowTitle, (state) => !state.minimized && state.foreground, 'the first window in front');
+});
+
+/** Runs `deed` beside a first instance that nobody may open, with a window of this title or none. */
+async function besideElevatedOne(title, deed) {
+    const first = start(windowsPath(path.join(toolFolder, 'instance_tool.exe')), title ? [title] : []);
+    try {
+        await until(() => first.output.includes('ready'), 'the first instance');
+        await deed();
+        assert.ok(!first.ended);
+    } finally {
+        first.process.kill('SIGKILL');
+    }
+}
+
+const titles = async () => (await windowTool('list')).split('\n').filter((title) => title.startsWith('Ravelin'));
+
+test('a first one that runs elevated is brought to the front as well, without a word', async () => {
+    await besideElevatedOne(windowTitle, async () => {
+        await untilWindow(windowTitle, (state) => state.minimized, 'the window to be minimised');
+        assert.equal((await runToEnd('Ravelin.exe')).code, 0);
+        await untilWindow(windowTitle, (state) => !state.minimized && state.foreground, 'the first window in front');
+        assert.deepEqual(await titles(), [windowTitle]);
+    });
+});
+
+test('beside a first one without a window a second start ends without a word', async () => {
+    await besideElevatedOne(null, async () => {
+        assert.equal((await runToEnd('Ravelin.exe')).code, 0);
+        assert.deepEqual(await titles(), []);
+    });
 });
 
 test('closing the window ends the program with exit code 0', async () => {

@@ -61,6 +61,7 @@ const std::vector<PageMethod>& methods() {
             .detachPanel =
                 [](const std::string& args) {
                     return detachPanel(args, {.isOut = [](std::string_view) { return false; },
+                                              .pipeIsServed = [] { return true; },
                                               .saveSession = [] {},
                                               .start = startPanel});
                 },

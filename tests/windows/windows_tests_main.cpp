@@ -35,7 +35,13 @@ int main(int argc, char** argv) {
     }
     // As the process of a torn-off panel.
     if (count == 3 && std::wstring(arguments.get()[1]) == L"--child") {
-        if (std::wstring(arguments.get()[2]) == L"stays") Sleep(INFINITE);
+        const std::wstring what = arguments.get()[2];
+        if (what == L"starts another") {
+            const ravelin::test::ChildProgram other(ravelin::test::ownPath(),
+                                                    L"Started by a panel");
+            Sleep(INFINITE);
+        }
+        if (what == L"stays") Sleep(INFINITE);
         return 0;
     }
 

@@ -2,8 +2,9 @@
 //
 //   pipe_tool.exe send MESSAGE     writes it as one message
 //   pipe_tool.exe hold COUNT       opens so many connections, says "holding" and keeps them
+//   pipe_tool.exe serve            takes the pipe's name for itself, says "serving" and keeps it
 //
-// Exit code 1 when the pipe could not be opened, 2 when it could not be written to.
+// Exit code 1 when the pipe could not be opened or made, 2 when it could not be written to.
 #include <windows.h>
 
 #include <cstdio>
@@ -51,9 +52,23 @@ int hold(int count) {
     return 0;
 }
 
+// With a single instance, so that nobody can make another under the name even where the system does
+// not enforce the flag of the first one (Wine does not).
+int serve() {
+    const FileHandle pipe(CreateNamedPipeW(ravelin::pipeName, PIPE_ACCESS_INBOUND,
+                                           PIPE_TYPE_MESSAGE | PIPE_READMODE_MESSAGE | PIPE_WAIT, 1,
+                                           0, 512, 0, nullptr));
+    if (!pipe) return 1;
+    std::puts("serving");
+    std::fflush(stdout);
+    Sleep(INFINITE);
+    return 0;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
+    if (count == 2 && std::strcmp(arguments[1], "serve") == 0) return serve();
     if (count != 3) return 2;
     if (std::strcmp(arguments[1], "send") == 0) return send(arguments[2]);
     if (std::strcmp(arguments[1], "hold") == 0) return hold(std::atoi(arguments[2]));

@@ -23,6 +23,8 @@ std::wstring ownPath() {
 
 ChildProgram::ChildProgram(const std::wstring& program, const std::wstring& title) {
     const EventHandle shown(CreateEventW(nullptr, TRUE, FALSE, shownEventName));
+    // One that was started before may still have it open, and set.
+    ResetEvent(shown.get());
     process_ = startProgram(program, L"--child-window", title);
     shown_ = process_ && WaitForSingleObject(shown.get(), patienceMs) == WAIT_OBJECT_0;
 }
