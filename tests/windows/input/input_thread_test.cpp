@@ -67,6 +67,26 @@ TEST_F(InputThread, AsksForMouseMotionWhicheverProgramIsInTheForeground) {
     EXPECT_EQ(device.hwndTarget, InputThreadRun::hiddenWindow());
 }
 
+TEST_F(InputThread, GoesBeforeEveryOrdinaryThread) {
+    const InputThreadRun run;
+    const DWORD id = GetWindowThreadProcessId(InputThreadRun::hiddenWindow(), nullptr);
+    const HANDLE thread = OpenThread(THREAD_QUERY_INFORMATION, FALSE, id);
+    ASSERT_NE(thread, nullptr);
+    EXPECT_EQ(GetThreadPriority(thread), THREAD_PRIORITY_TIME_CRITICAL);
+    CloseHandle(thread);
+}
+
+TEST_F(InputThread, SeesThePixelsOfEveryMonitorWhileTheProcessDoesNot) {
+    enum : int { perMonitorAware = 2 };
+    const auto before = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);
+    const InputThreadRun run;
+    // A window keeps the awareness of the thread that made it.
+    EXPECT_EQ(GetAwarenessFromDpiAwarenessContext(
+                  GetWindowDpiAwarenessContext(InputThreadRun::hiddenWindow())),
+              perMonitorAware);
+    SetThreadDpiAwarenessContext(before);
+}
+
 TEST_F(InputThread, CanRunAgain) {
     { const InputThreadRun first; }
     const InputThreadRun second;
