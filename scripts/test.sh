@@ -71,5 +71,6 @@ step 'windows tests' windows_tests
 join
 step 'end-to-end tests' end_to_end_tests
 step 'end-to-end tests, foreign names' foreign_name_tests
+step 'end-to-end tests, two monitors' tests/wine/two_monitors.sh
 ! wanted 'format' || run_format_step
 summary

@@ -1,21 +1,23 @@
-// Keyboards of other countries: keys are named as the system names them, and hotkeys by real keys work.
+// Keyboards of other countries: keys have the names and places that the system gives them, and
+// hotkeys by real keys work.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import test, { after, afterEach } from 'node:test';
 import { Ravelin } from './lib/ravelin.mjs';
 import { systemKeys } from './lib/system.mjs';
-import { Witness } from './lib/witness.mjs';
 import { until, xdotool } from './lib/wine.mjs';
+import { Witness } from './lib/witness.mjs';
 
 const setLayout = (layout) => execFileSync('setxkbmap', ['-layout', layout]);
-const layoutNow = () => execFileSync('setxkbmap', ['-query'], { encoding: 'utf8' }).match(/^layout: +(\S+)/m)[1];
-const original = layoutNow();
+const original = execFileSync('setxkbmap', ['-query'], { encoding: 'utf8' }).match(/^layout: +(\S+)/m)[1];
 
 // Whatever happens: the display is shared with every test after this one.
 process.on('exit', () => setLayout(original));
 for (const signal of ['SIGINT', 'SIGTERM', 'SIGHUP']) process.on(signal, () => process.exit(1));
+after(() => setLayout(original));
 
 let ravelin;
+let page;
 let witness;
 
 afterEach(async () => {
@@ -24,17 +26,55 @@ afterEach(async () => {
         await ravelin?.closeOrKill();
     } finally {
         witness = ravelin = undefined;
+        setLayout(original);
     }
 });
-after(() => setLayout(original));
 
-/** Captures one real key, given by its place on the keyboard, for that slot. */
-async function capture(page, slot, place) {
+/** The program under this layout. Wine reads it when a program starts. */
+async function open(layout) {
+    setLayout(layout);
+    ravelin = await Ravelin.open();
+    page = await ravelin.page();
+    witness = await Witness.open();
+    await witness.focus();
+}
+
+/** Captures a real key, given as X counts the keys of a keyboard; gives the status after it. */
+async function capture(slot, place) {
     await page.evaluate((name) => window.reassignKey(name), slot);
     await ravelin.untilStatus((status) => status.reassigning === slot, `the slot ${slot} to be armed`);
     await xdotool('key', place);
     return await ravelin.untilStatus((status) => status.reassigning === '', 'the capture to end');
 }
 
-// X counts keys by their place: on an American keyboard these are Q, Z, [, ; and -.
-const places = [24, 52, 34, 47, 20];
+/** The code of the key at that place, as another program gets it. */
+async function codeOf(place) {
+    witness.mark();
+    await xdotool('key', place);
+    return (await until(() => witness.fresh('key-up')[0], `the key at ${place}`)).a;
+}
+
+// On an American keyboard these are Y, [ and ;.
+const places = [29, 34, 47];
+
+for (const layout of ['de', 'fr', 'ru']) {
+    test(`${layout}: hotkeys and targets are named as the system names them, and work`, async (context) => {
+        await open(layout);
+        const codes = [];
+        for (const place of places) codes.push(await codeOf(place));
+        const names = await systemKeys(...codes);
+        context.diagnostic(JSON.stringify(names));
+        for (const [i, place] of places.entries()) {
+            const status = await capture('auto', place);
+            assert.equal(status.hkAuto, names[codes[i]].name);
+            await page.getByText(names[codes[i]].name, { exact: true }).first().waitFor();
+        }
+        await xdotool('key', places.at(-1));
+        await ravelin.untilStatus((status) => status.autoClicking, 'the clicker to run');
+        await witness.seeStop(() => xdotool('key', places.at(-1)));
+        await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
+
+        const target = await capture('keyspamtarget', places[0]);
+        assert.equal(target.keySpamTargets.at(-1).name ?? target.keySpamTargets.at(-1), names[codes[0]].name);
+    });
+}

@@ -15,6 +15,9 @@
 //   system_tool.exe remove-hooks         removes every hook of the desktop behind the back of its
 //   owner,
 //                                        as Windows removes one that was slow; prints how many
+//   system_tool.exe in-console COMMAND   runs it in a console as cmd does, without handles for its
+//                                        output; prints what then stands in the console, and ends
+//                                        with the command's exit code
 //   system_tool.exe refuse-end TITLE     asks that process, then tells it that the session goes on,
 //                                        as when another program has refused
 //   system_tool.exe close-as-setup TITLE asks the visible windows of that process to close, as
@@ -176,6 +179,48 @@ int endSession(DWORD process, LPARAM reason, const wchar_t* killAfter) {
     return willing && told ? 0 : 4;
 }
 
+// The lines of the console up to the last one with a text.
+std::string consoleText(HANDLE screen) {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    GetConsoleScreenBufferInfo(screen, &info);
+    std::string text;
+    std::string line(static_cast<std::size_t>(info.dwSize.X), ' ');
+    std::string gap;
+    for (SHORT y = 0; y < info.dwSize.Y; ++y) {
+        DWORD read = 0;
+        ReadConsoleOutputCharacterA(screen, line.data(), static_cast<DWORD>(line.size()), {0, y},
+                                    &read);
+        const auto end = line.find_last_not_of(' ');
+        if (end != std::string::npos) text += gap + line.substr(0, end + 1);
+        gap = end != std::string::npos ? "\n" : gap + "\n";
+    }
+    return text;
+}
+
+int runInConsole(wchar_t* command) {
+    const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    FreeConsole();
+    if (AllocConsole() == 0) return 2;
+    const HANDLE screen =
+        CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    for (const DWORD which : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE})
+        SetStdHandle(which, nullptr);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                       &process) == 0)
+        return 2;
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD code = 0;
+    GetExitCodeProcess(process.hProcess, &code);
+    const std::string text = consoleText(screen);
+    DWORD written = 0;
+    WriteFile(output, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
+    return static_cast<int>(code);
+}
+
 // A handle with an empty upper half stands for whatever lies at its place in the table.
 int removeHooks() {
     int removed = 0;
@@ -203,6 +248,7 @@ int main() {
     if (command == L"remove-hooks") return removeHooks();
     if (command == L"keys") return printKeys(count - 2, arguments + 2);
     if (count < 3) return 2;
+    if (command == L"in-console") return runInConsole(arguments[2]);
     const DWORD process = processOfWindow(arguments[2]);
     if (process == 0) return 3;
     if (command == L"end-session" && count > 3)
