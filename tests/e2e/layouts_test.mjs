@@ -54,8 +54,9 @@ async function codeOf(place) {
     return (await until(() => witness.fresh('key-up')[0], `the key at ${place}`)).a;
 }
 
-// On an American keyboard these are Y, [ and ;.
-const places = [29, 34, 47];
+// On an American keyboard these are Y, the apostrophe and the semicolon. None of them is a dead key in
+// any of the layouts: the display's input method keeps the first press of one from every program.
+const places = [29, 48, 47];
 
 for (const layout of ['de', 'fr', 'ru']) {
     test(`${layout}: hotkeys and targets are named as the system names them, and work`, async (context) => {
@@ -75,6 +76,17 @@ for (const layout of ['de', 'fr', 'ru']) {
         await ravelin.untilStatus((status) => !status.autoClicking, 'the clicker to stop');
 
         const target = await capture('keyspamtarget', places[0]);
-        assert.equal(target.keySpamTargets.at(-1).name ?? target.keySpamTargets.at(-1), names[codes[0]].name);
+        assert.equal(target.keySpamTargets.at(-1), names[codes[0]].name);
+        await page.locator('#panel-keyspam').getByText(names[codes[0]].name, { exact: true }).first().waitFor();
+
+        // By its scan code it arrives as the key that was pressed for it, beside the one that was there.
+        witness.mark();
+        await page.evaluate(() => window.updateKeySpam('0,0,0,50,0,4'));
+        await page.evaluate(() => window.startKeySpam());
+        const pressed = await until(() => {
+            const keys = witness.fresh('key-down').map((line) => line.a);
+            return keys.length >= 4 && keys;
+        }, 'the keys of the spammer');
+        assert.deepEqual(pressed, [32, codes[0], 32, codes[0]]);
     });
 }

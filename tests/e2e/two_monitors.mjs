@@ -2,7 +2,7 @@
 // the primary one. Run by tests/wine/two_monitors.sh.
 import assert from 'node:assert/strict';
 import test, { afterEach, before } from 'node:test';
-import { clicker, detachByButton } from './lib/panels.mjs';
+import { clicker, panelPage } from './lib/panels.mjs';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { monitors } from './lib/system.mjs';
 import { Witness } from './lib/witness.mjs';
@@ -37,6 +37,8 @@ async function openAt(settings) {
 }
 
 const place = ({ left: x, top, width, height }) => [x, top, width, height];
+// Positions travel as parts of 65536 of the screen, cut twice on their way: a pixel may be lost.
+const isNear = (got, wanted) => got.length === wanted.length && got.every((value, i) => wanted[i] - value >= 0 && wanted[i] - value <= 1);
 const isIn = ({ left: x, top }, { whole }) =>
     x >= whole.left && x < whole.left + whole.width && top >= whole.top && top < whole.top + whole.height;
 
@@ -80,7 +82,11 @@ for (const [where, windowX, windowY] of [['right of all', 4000, 50], ['left of a
 
 test('a panel detached on the left monitor opens there and fits into its work area', async () => {
     await openAt({ windowX: -900, windowY: 20, windowWidth: 460, windowHeight: 640, windowMaximized: 0 });
-    const child = await detachByButton(ravelin, clicker);
+    // Not by its button: the browser of the tests cannot be told of a place left of the primary screen,
+    // so its page asks for one on that.
+    const page = await ravelin.page();
+    assert.equal(await page.evaluate(() => window.detachPanel('Auto clicker', 'panel-spammer', -700, 100, 'ravelin')), '');
+    const child = await panelPage(ravelin, clicker);
     const opened = await windowState(clicker.window);
     assert.ok(isIn(opened, left), JSON.stringify(opened));
     await child.evaluate(() => window.resizeWindow(400, 3000));
@@ -113,7 +119,7 @@ test('the fixed point is that of the primary screen', async () => {
     await page.evaluate(() => window.updateSpammer('0,0,0,50,0,0,0,1,1'));
     await page.evaluate(() => window.startSpammer());
     const click = await until(() => witness.fresh('left-down')[0], 'the click at the fixed point');
-    assert.deepEqual([click.a, click.b], [37, 53]);
+    assert.ok(isNear([click.a, click.b], [37, 53]), JSON.stringify(click));
 });
 
 test('recorded moves and clicks come back at their places of the primary screen', async () => {
@@ -134,5 +140,6 @@ test('recorded moves and clicks come back at their places of the primary screen'
     witness.mark();
     await xdotool('key', 'F7');
     await until(() => witness.fresh('left-up').length === points.length, 'the macro');
-    assert.deepEqual(witness.fresh('left-down').map((line) => [line.a, line.b]), points);
+    const clicks = witness.fresh('left-down').flatMap((line) => [line.a, line.b]);
+    assert.ok(isNear(clicks, points.flat()), JSON.stringify(clicks));
 });

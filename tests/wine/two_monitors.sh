@@ -21,6 +21,9 @@ xrandr --setmonitor left 1200/300x800/200+0+0 none
 ensure_prefix
 # The newer way of asking the display for its monitors finds one only.
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v UseXRandR /d N /f >/dev/null
+# Without a window manager nobody but Wine can move, focus and maximise windows: it must take all of it
+# on itself.
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
 wineserver -k || true
 wineserver -w || true
 
