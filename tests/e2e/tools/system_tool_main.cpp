@@ -15,9 +15,10 @@
 //   system_tool.exe remove-hooks         removes every hook of the desktop behind the back of its
 //   owner,
 //                                        as Windows removes one that was slow; prints how many
-//   system_tool.exe in-console COMMAND   runs it in a console as cmd does, without handles for its
-//                                        output; prints what then stands in the console, and ends
-//                                        with the command's exit code
+//   system_tool.exe in-console COMMAND   runs a program with windows from a console as cmd does: it
+//                                        gets neither the console nor handles for its output.
+//                                        Prints what then stands in the console, and ends with its
+//                                        exit code
 //   system_tool.exe refuse-end TITLE     asks that process, then tells it that the session goes on,
 //                                        as when another program has refused
 //   system_tool.exe close-as-setup TITLE asks the visible windows of that process to close, as
@@ -209,8 +210,9 @@ int runInConsole(wchar_t* command) {
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                       &process) == 0)
+    // Windows gives a program with windows no console of its own accord; Wine does, unless told.
+    if (CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, DETACHED_PROCESS, nullptr,
+                       nullptr, &start, &process) == 0)
         return 2;
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;

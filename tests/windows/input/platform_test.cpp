@@ -100,10 +100,11 @@ BOOL WINAPI noteSpeedRequest(HANDLE thread, int kind, void* information, DWORD s
     return TRUE;
 }
 
-FARPROC WINAPI findNotedFunction(HMODULE library, LPCSTR name) noexcept {
-    if (HIWORD(name) != 0 && std::string_view(name) == "SetThreadInformation")
-        return reinterpret_cast<FARPROC>(noteSpeedRequest);
-    return ::GetProcAddress(library, name);
+// No other function is found, as on a system that is older than all of them.
+FARPROC WINAPI findNotedFunction(HMODULE, LPCSTR name) noexcept {
+    if (std::string_view(name) == "SetThreadInformation")
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(noteSpeedRequest));
+    return nullptr;
 }
 
 TEST(Platform, AsksWindowsNotToSlowAWorkerDown) {
