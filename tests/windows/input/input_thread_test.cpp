@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <string_view>
 #include <thread>
 
 #include "input/capture.h"
@@ -9,7 +11,12 @@
 #include "input/raw_input_window_win32.h"
 #include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/hook_probe.h"
+#include "tests/windows/harness/replaced_import.h"
 #include "tests/windows/harness/test_window.h"
+
+extern "C" {
+extern void* __imp_GetProcAddress;
+}
 
 namespace ravelin {
 namespace {
@@ -17,6 +24,7 @@ namespace {
 using test::EngineTest;
 using test::HookProbe;
 using test::InputThreadRun;
+using test::ReplacedImport;
 using test::TestWindow;
 
 class InputThread : public EngineTest {};
@@ -76,15 +84,28 @@ TEST_F(InputThread, GoesBeforeEveryOrdinaryThread) {
     CloseHandle(thread);
 }
 
-TEST_F(InputThread, SeesThePixelsOfEveryMonitorWhileTheProcessDoesNot) {
-    enum : int { perMonitorAware = 2 };
-    const auto before = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_SYSTEM_AWARE);
+// Which thread asks for which awareness of scale, in the system's place.
+std::atomic<DWORD> askingThread;
+std::atomic<HANDLE> askedAwareness;
+
+HANDLE WINAPI noteAwareness(HANDLE awareness) noexcept {
+    askingThread = GetCurrentThreadId();
+    askedAwareness = awareness;
+    return awareness;
+}
+
+FARPROC WINAPI findNotedFunction(HMODULE, LPCSTR name) noexcept {
+    if (std::string_view(name) != "SetThreadDpiAwarenessContext") return nullptr;
+    // The cast through void(*)() is the one that compilers accept for a function of another type.
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(noteAwareness));
+}
+
+TEST_F(InputThread, CountsInThePixelsOfEveryMonitor) {
+    askingThread = 0;
+    const ReplacedImport search(__imp_GetProcAddress, findNotedFunction);
     const InputThreadRun run;
-    // A window keeps the awareness of the thread that made it.
-    EXPECT_EQ(GetAwarenessFromDpiAwarenessContext(
-                  GetWindowDpiAwarenessContext(InputThreadRun::hiddenWindow())),
-              perMonitorAware);
-    SetThreadDpiAwarenessContext(before);
+    EXPECT_EQ(askingThread, GetWindowThreadProcessId(InputThreadRun::hiddenWindow(), nullptr));
+    EXPECT_EQ(askedAwareness, HANDLE{DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2});
 }
 
 TEST_F(InputThread, CanRunAgain) {

@@ -1,5 +1,8 @@
 // Hooks that were removed behind the program's back come back.
 #include <gtest/gtest.h>
+#include <windows.h>
+// Needs the types of windows.h.
+#include <wtsapi32.h>
 
 #include <functional>
 #include <optional>
@@ -80,6 +83,35 @@ TEST_F(LostHooks, AreLookedForWhileTheMouseMoves) {
         realInput("click 2");
         return takeRequest(requests.recToggle);
     });
+}
+
+// Windows takes hooks away more readily while nobody is there to be served in time.
+TEST_F(LostHooks, AreLookedForAfterTheSessionWasLeft) {
+    ASSERT_TRUE(toggledByF6());
+    const auto tell = [](UINT message, WPARAM what) {
+        SendMessageW(test::InputThreadRun::hiddenWindow(), message, what, 1);
+    };
+    tell(WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK);
+    ASSERT_GE(removeAllHooks(), 2);
+    tell(WM_WTSSESSION_CHANGE, WTS_SESSION_UNLOCK);
+    EXPECT_TRUE(typed("a"));
+    EXPECT_TRUE(toggledByF6());
+}
+
+// The thread sleeps with the machine, and its clock goes on; no notice reaches a hidden window.
+TEST_F(LostHooks, AreLookedForAfterSleep) {
+    ASSERT_TRUE(toggledByF6());
+    const DWORD id = GetWindowThreadProcessId(test::InputThreadRun::hiddenWindow(), nullptr);
+    const ThreadHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, id));
+    ASSERT_TRUE(thread);
+    ASSERT_NE(SuspendThread(thread.get()), static_cast<DWORD>(-1));
+    const int removed = removeAllHooks();
+    const auto end = GetTickCount64() + 2500;  // more than two rounds of the watch
+    EXPECT_TRUE(eventually([end] { return GetTickCount64() > end; }));
+    ResumeThread(thread.get());
+    ASSERT_GE(removed, 2);
+    EXPECT_TRUE(typed("a"));
+    EXPECT_TRUE(toggledByF6());
 }
 
 TEST_F(LostHooks, AreNotMissedWhileTheyLive) {
