@@ -10,6 +10,7 @@
 
 #include "input/engine_state.h"
 #include "input/requests.h"
+#include "support/win32_handles.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/real_input_fixture.h"
 #include "tests/windows/harness/test_window.h"
@@ -102,8 +103,10 @@ TEST_F(LostHooks, AreLookedForAfterTheSessionWasLeft) {
 TEST_F(LostHooks, AreLookedForAfterSleep) {
     ASSERT_TRUE(toggledByF6());
     const DWORD id = GetWindowThreadProcessId(test::InputThreadRun::hiddenWindow(), nullptr);
-    const ThreadHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, id));
+    const KernelHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, id));
     ASSERT_TRUE(thread);
+    // It answers, so it is at rest, and holds nothing that others would wait for.
+    SendMessageW(test::InputThreadRun::hiddenWindow(), WM_NULL, 0, 0);
     ASSERT_NE(SuspendThread(thread.get()), static_cast<DWORD>(-1));
     const int removed = removeAllHooks();
     const auto end = GetTickCount64() + 2500;  // more than two rounds of the watch
