@@ -30,7 +30,7 @@ afterEach(async () => {
     }
 });
 
-/** The program under this layout. Wine reads it when a program starts. */
+/** The program and another one, both started under this layout. */
 async function open(layout) {
     setLayout(layout);
     ravelin = await Ravelin.open();
