@@ -1,10 +1,13 @@
 // Where the output of a console run goes.
 #pragma once
 
+#include <cstdio>
+
 namespace ravelin {
 
-// Keeps a usable standard output (a file or pipe the caller redirected to); otherwise attaches to
-// the parent process's console and prints there. Without either the output is lost.
-void attachConsole();
+// Returns the standard output where it is usable (a file or pipe the caller redirected to);
+// otherwise attaches to the parent process's console and returns a stream that prints there.
+// Without either, what is printed is lost. Never null.
+std::FILE* consoleOutput();
 
 }  // namespace ravelin

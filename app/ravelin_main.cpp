@@ -42,9 +42,9 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR narrowCommandLine, int) {
     const Switches switches = gatherSwitches(splitCommandLine());
 
     if (consoleMode(switches) != ConsoleMode::none) {
-        attachConsole();
-        const int exitCode = runConsoleMode(switches, RunUpdateSelfTest, stdout);
-        std::fflush(stdout);
+        std::FILE* const output = consoleOutput();
+        const int exitCode = runConsoleMode(switches, RunUpdateSelfTest, output);
+        std::fflush(output);
         return exitCode;
     }
     try {

@@ -39,6 +39,7 @@ end_to_end_tests() {
     done
     return "$status"
 }
+foreign_name_tests() { tests/wine/foreign_names.sh tests/e2e/{restart,macro,panels}_test.mjs; }
 
 rm -rf "$BUILD/screenshots/failures"
 must 'install' scripts/install.sh
@@ -69,5 +70,7 @@ step 'unit tests (wine)' unit_tests_wine
 step 'windows tests' windows_tests
 join
 step 'end-to-end tests' end_to_end_tests
+step 'end-to-end tests, foreign names' foreign_name_tests
+step 'end-to-end tests, two monitors' tests/wine/two_monitors.sh
 ! wanted 'format' || run_format_step
 summary

@@ -17,13 +17,14 @@ start_prefix() {
     hold_desktop "$BUILD/windows-objects" "$LOGS/desktop-${WINEPREFIX##*/}.log"
 }
 
-# start_display: a virtual display for this script and what it starts, until end_display.
+# start_display [OPTION...]: a virtual display for this script and what it starts, until end_display.
+# RAVELIN_SCREEN is its size, where that is not the usual one.
 display_server=
 start_display() {
     local pipe number
     pipe=$(mktemp -u)
     mkfifo "$pipe"
-    Xvfb -displayfd 3 -screen 0 1280x1000x24 -nolisten tcp >/dev/null 2>&1 3>"$pipe" &
+    Xvfb -displayfd 3 -screen 0 "${RAVELIN_SCREEN:-1280x1000x24}" -nolisten tcp "$@" >/dev/null 2>&1 3>"$pipe" &
     display_server=$!
     read -r number <"$pipe"
     rm -f "$pipe"

@@ -4,7 +4,7 @@ import { mkdirSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import test from 'node:test';
 import { goodThemes } from './lib/themes.mjs';
-import { runToEnd, scratch, windowsPath } from './lib/wine.mjs';
+import { runToEnd, scratch, toolFolder, windowsPath } from './lib/wine.mjs';
 
 const folder = path.join(scratch, 'console');
 mkdirSync(folder, { recursive: true });
@@ -24,6 +24,12 @@ const goodMacro = file('good.rvnmacro', 'Sample\n3,0.5,0,0,0,65,1,0\n3,0.6,0,0,0
 
 test('a good macro is counted', async () => {
     assert.deepEqual(await ravelin('--validate-macro=' + goodMacro), { code: 0, lines: 'OK 2 events\n' });
+});
+
+test('without a redirection the answer stands in the console that the program was started from', async () => {
+    const inConsole = (...words) => runToEnd(windowsPath(path.join(toolFolder, 'system_tool.exe')), ['in-console', words.join(' ')]);
+    assert.deepEqual(await inConsole('Ravelin.exe', '--validate-macro=' + goodMacro), { code: 0, output: 'OK 2 events' });
+    assert.deepEqual(await inConsole('Ravelin.exe', '--scan-macro='), { code: 1, output: "REJECT Couldn't open that macro file." });
 });
 
 test('a macro that is not there is rejected', async () => {

@@ -5,7 +5,7 @@ import path from 'node:path';
 import test, { afterEach } from 'node:test';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
-import { clearDataFolder, dataFolder, programFolder, runToEnd, scratch, start, textOf, toolFolder, until, windowsPath, within, xdotool } from './lib/wine.mjs';
+import { besideProgram, clearDataFolder, dataFolder, programFolder, runToEnd, start, textOf, toolFolder, until, windowsPath, within, xdotool } from './lib/wine.mjs';
 import { untilWindow, windowTool } from './lib/windows.mjs';
 
 const session = () => path.join(dataFolder(), 'session.dat');
@@ -100,7 +100,7 @@ test('files of older versions are found in both places and moved', async () => {
     const sample = 'SETTINGS:0,0,0,71,0,0,1,10,0,0,0,1,1,1,1,0,1,0,500,119,118,0,117,0,0,0,5,1,10,120,32,32,0,0,0,121\r\n'
         + 'CURRENT:0\r\nPROFILE:Old\r\n3,0.5,0,0,0,65,1,0\r\n';
     clearDataFolder();
-    const folder = path.join(scratch, 'older');
+    const folder = path.join(besideProgram, 'older');
     rmSync(folder, { recursive: true, force: true });
     cpSync(programFolder, folder, { recursive: true });
     writeFileSync(path.join(folder, 'session.mcr'), sample);
@@ -143,7 +143,7 @@ test('a second start writes nothing', async () => {
     mkdirSync(dataFolder(), { recursive: true });
     writeFileSync(path.join(dataFolder(), 'session.mcr'), 'older');
     writeFileSync(path.join(dataFolder(), 'appsettings.txt'), 'launchOnStartup=1\r\n');
-    const folder = path.join(scratch, 'second');
+    const folder = path.join(besideProgram, 'second');
     rmSync(folder, { recursive: true, force: true });
     cpSync(programFolder, folder, { recursive: true });
     for (const name of ['theme.txt', 'status.txt', 'macroevents.txt']) writeFileSync(path.join(folder, name), 'older');

@@ -201,16 +201,27 @@ std::string systemKeyName(std::int32_t lParam) {
     return {};
 }
 
+namespace {
+
+std::int32_t times(std::int32_t pixels, double factor) {
+    return static_cast<std::int32_t>(std::lround(pixels * factor));
+}
+
+// What one pixel of the screen is for the thread.
+double seenScale() {
+    return desktop.physicalPixels ? 1.0 : desktop.scale;
+}
+
+}  // namespace
+
 std::optional<Point> cursorPosition() {
-    return desktop.cursorKnown ? std::optional(desktop.cursor) : std::nullopt;
+    if (!desktop.cursorKnown) return std::nullopt;
+    return Point{times(desktop.cursor.x, 1 / seenScale()),
+                 times(desktop.cursor.y, 1 / seenScale())};
 }
 
 Size primaryScreen() {
-    if (desktop.physicalPixels) return desktop.screen;
-    const auto scaled = [](std::int32_t pixels) {
-        return static_cast<std::int32_t>(std::lround(pixels / desktop.scale));
-    };
-    return {scaled(desktop.screen.cx), scaled(desktop.screen.cy)};
+    return {times(desktop.screen.cx, 1 / seenScale()), times(desktop.screen.cy, 1 / seenScale())};
 }
 
 std::uint32_t doubleClickMs() {
@@ -222,7 +233,7 @@ std::uint32_t filterKeysPauseMs() {
 }
 
 bool isOwnWindowAt(Point point) {
-    return desktop.isOwnWindow(point);
+    return desktop.isOwnWindow({times(point.x, seenScale()), times(point.y, seenScale())});
 }
 
 std::int64_t counter() {

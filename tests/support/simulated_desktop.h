@@ -45,7 +45,8 @@ class SimulatedDesktop {
     std::function<void(const Sent&)> onSend;
     std::vector<Sent> log;
     platform::Size screen{1920, 1080};
-    // Threads that have not asked for physical pixels see a screen that is this much smaller.
+    // Threads that have not asked for physical pixels see a screen that is this much smaller, and
+    // every point on it likewise. Hooks and the log count physical ones.
     double scale = 1.0;
     bool physicalPixels = false;  // of the thread, which is the only one
     std::uint32_t layout = 0;     // of the thread; it shifts the scan codes

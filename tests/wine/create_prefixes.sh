@@ -3,6 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 source tests/wine/prefix.sh
-for name in wineprefix wineprefix-update; do
+for name in wineprefix wineprefix-update wineprefix-monitors; do
     create_prefix "$PWD/build/$name"
 done

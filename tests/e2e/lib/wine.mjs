@@ -9,11 +9,14 @@ const run = promisify(execFile);
 
 export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../../..');
 export const build = path.join(root, 'build');
-export const programFolder = path.join(build, 'windows');
+// The program, and below, whose data folder it uses: elsewhere in runs under other names.
+export const programFolder = process.env.RAVELIN_TEST_PROGRAM_FOLDER ?? path.join(build, 'windows');
 export const toolFolder = path.join(build, 'windows-objects');
 export const prefix = process.env.WINEPREFIX ?? path.join(build, 'wineprefix');
 export const scratch = path.join(build, 'e2e');
 mkdirSync(scratch, { recursive: true });
+/** Where copies of the program go. */
+export const besideProgram = process.env.RAVELIN_TEST_PROGRAM_FOLDER ? path.dirname(programFolder) : scratch;
 
 /** What every Windows program is started with. */
 export const environment = {
@@ -30,7 +33,8 @@ export function windowsPath(file) {
 
 /** The folder of the program's own files for the user of the prefix. */
 export function dataFolder() {
-    return path.join(prefix, 'drive_c/users', process.env.USER ?? 'root', 'AppData/Local/Ravelin');
+    const user = process.env.RAVELIN_TEST_USER ?? process.env.USER ?? 'root';
+    return path.join(prefix, 'drive_c/users', user, 'AppData/Local/Ravelin');
 }
 
 let startedSoFar = 0;

@@ -231,6 +231,21 @@ TEST_F(Desktop, MovesTheCursorByAbsoluteMovesAlone) {
     EXPECT_EQ(platform::cursorPosition(), std::nullopt);
 }
 
+TEST_F(Desktop, ShowsASmallerScreenToAThreadThatDoesNotAskForPhysicalPixels) {
+    desktop.scale = 1.5;
+    desktop.screen = {1920, 1080};
+    desktop.cursor = {300, 600};
+    desktop.isOwnWindow = [](platform::Point point) { return point == platform::Point{300, 600}; };
+    EXPECT_EQ(platform::primaryScreen().cx, 1280);
+    EXPECT_EQ(platform::cursorPosition(), (platform::Point{200, 400}));
+    EXPECT_TRUE(platform::isOwnWindowAt({200, 400}));
+    platform::enterWorkerThread();
+    EXPECT_EQ(platform::primaryScreen().cx, 1920);
+    EXPECT_EQ(platform::cursorPosition(), (platform::Point{300, 600}));
+    EXPECT_TRUE(platform::isOwnWindowAt({300, 600}));
+    EXPECT_FALSE(platform::isOwnWindowAt({200, 400}));
+}
+
 // The engine hands out parts of 65536 of the screen; the log must tell the pixel again.
 TEST_F(Desktop, TellsThePixelOfEveryAbsoluteMove) {
     for (const auto& [cx, cy] : {std::pair{1920, 1080}, {1366, 768}, {3840, 2160}, {1, 1}}) {

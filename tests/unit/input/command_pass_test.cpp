@@ -198,6 +198,13 @@ TEST_F(CommandPass, RunsOnceWhenTheThreadStartsAndOnceASignal) {
     EXPECT_TRUE(engine.autoClicking.load());
 }
 
+TEST_F(CommandPass, CountsInPhysicalPixelsAsTheHooksDo) {
+    desktop.scale = 1.5;
+    quitAt(1);
+    runCommandThread();
+    EXPECT_EQ(platform::primaryScreen().cx, desktop.screen.cx);
+}
+
 TEST_F(CommandPass, EndsAtQuit) {
     quitAt(5);
     desktop.at(6, [] { FAIL() << "still waiting"; });

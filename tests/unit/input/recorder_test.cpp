@@ -86,6 +86,15 @@ INSTANTIATE_TEST_SUITE_P(
              "0:side down 1,2, 20:side down 3,4"},
         Take{"OwnWindowsAreNotClicked", "10 left↓@50,5 20 left↑@50,5 30 left↓@150,5 40 left↑@150,5",
              "0:left down 150,5, 10:left up 150,5", overOwnWindow},
+        // The thread that hears of the press counts in the pixels of the press.
+        Take{"OwnWindowsAreNotClickedOnAScaledScreen",
+             "10 left↓@90,5 20 left↑@90,5 30 left↓@120,5 40 left↑@120,5",
+             "0:left down 120,5, 10:left up 120,5",
+             [] {
+                 desktop.scale = 1.5;
+                 platform::enterWorkerThread();
+                 overOwnWindow();
+             }},
         Take{"ReleaseOfAnOwnPressIsOwnAnywhere", "10 left↓@50,5 20 left↑@500,5 30 left↑@500,5",
              "0:left up 500,5", overOwnWindow},
         Take{"ReleaseOverAnOwnWindowIsKept", "10 left↓@500,5 20 left↑@50,5",

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <string_view>
 #include <thread>
 
 #include "input/capture.h"
@@ -9,7 +11,12 @@
 #include "input/raw_input_window_win32.h"
 #include "tests/windows/harness/engine_fixture.h"
 #include "tests/windows/harness/hook_probe.h"
+#include "tests/windows/harness/replaced_import.h"
 #include "tests/windows/harness/test_window.h"
+
+extern "C" {
+extern void* __imp_GetProcAddress;
+}
 
 namespace ravelin {
 namespace {
@@ -17,6 +24,7 @@ namespace {
 using test::EngineTest;
 using test::HookProbe;
 using test::InputThreadRun;
+using test::ReplacedImport;
 using test::TestWindow;
 
 class InputThread : public EngineTest {};
@@ -65,6 +73,39 @@ TEST_F(InputThread, AsksForMouseMotionWhicheverProgramIsInTheForeground) {
     EXPECT_EQ(device.usUsage, 2);
     EXPECT_EQ(device.dwFlags, DWORD{RIDEV_INPUTSINK});
     EXPECT_EQ(device.hwndTarget, InputThreadRun::hiddenWindow());
+}
+
+TEST_F(InputThread, GoesBeforeEveryOrdinaryThread) {
+    const InputThreadRun run;
+    const DWORD id = GetWindowThreadProcessId(InputThreadRun::hiddenWindow(), nullptr);
+    const HANDLE thread = OpenThread(THREAD_QUERY_INFORMATION, FALSE, id);
+    ASSERT_NE(thread, nullptr);
+    EXPECT_EQ(GetThreadPriority(thread), THREAD_PRIORITY_TIME_CRITICAL);
+    CloseHandle(thread);
+}
+
+// Which thread asks for which awareness of scale, in the system's place.
+std::atomic<DWORD> askingThread;
+std::atomic<HANDLE> askedAwareness;
+
+HANDLE WINAPI noteAwareness(HANDLE awareness) noexcept {
+    askingThread = GetCurrentThreadId();
+    askedAwareness = awareness;
+    return awareness;
+}
+
+FARPROC WINAPI findNotedFunction(HMODULE, LPCSTR name) noexcept {
+    if (std::string_view(name) != "SetThreadDpiAwarenessContext") return nullptr;
+    // The cast through void(*)() is the one that compilers accept for a function of another type.
+    return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(noteAwareness));
+}
+
+TEST_F(InputThread, CountsInThePixelsOfEveryMonitor) {
+    askingThread = 0;
+    const ReplacedImport search(__imp_GetProcAddress, findNotedFunction);
+    const InputThreadRun run;
+    EXPECT_EQ(askingThread, GetWindowThreadProcessId(InputThreadRun::hiddenWindow(), nullptr));
+    EXPECT_EQ(askedAwareness, HANDLE{DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2});
 }
 
 TEST_F(InputThread, CanRunAgain) {

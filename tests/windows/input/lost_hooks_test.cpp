@@ -1,5 +1,8 @@
 // Hooks that were removed behind the program's back come back.
 #include <gtest/gtest.h>
+#include <windows.h>
+// Needs the types of windows.h.
+#include <wtsapi32.h>
 
 #include <functional>
 #include <optional>
@@ -7,6 +10,7 @@
 
 #include "input/engine_state.h"
 #include "input/requests.h"
+#include "support/win32_handles.h"
 #include "tests/windows/harness/eventually.h"
 #include "tests/windows/harness/real_input_fixture.h"
 #include "tests/windows/harness/test_window.h"
@@ -80,6 +84,37 @@ TEST_F(LostHooks, AreLookedForWhileTheMouseMoves) {
         realInput("click 2");
         return takeRequest(requests.recToggle);
     });
+}
+
+// Windows takes hooks away more readily while nobody is there to be served in time.
+TEST_F(LostHooks, AreLookedForAfterTheSessionWasLeft) {
+    ASSERT_TRUE(toggledByF6());
+    const auto tell = [](UINT message, WPARAM what) {
+        SendMessageW(test::InputThreadRun::hiddenWindow(), message, what, 1);
+    };
+    tell(WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK);
+    ASSERT_GE(removeAllHooks(), 2);
+    tell(WM_WTSSESSION_CHANGE, WTS_SESSION_UNLOCK);
+    EXPECT_TRUE(typed("a"));
+    EXPECT_TRUE(toggledByF6());
+}
+
+// The thread sleeps with the machine, and its clock goes on; no notice reaches a hidden window.
+TEST_F(LostHooks, AreLookedForAfterSleep) {
+    ASSERT_TRUE(toggledByF6());
+    const DWORD id = GetWindowThreadProcessId(test::InputThreadRun::hiddenWindow(), nullptr);
+    const KernelHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, id));
+    ASSERT_TRUE(thread);
+    // It answers, so it is at rest, and holds nothing that others would wait for.
+    SendMessageW(test::InputThreadRun::hiddenWindow(), WM_NULL, 0, 0);
+    ASSERT_NE(SuspendThread(thread.get()), static_cast<DWORD>(-1));
+    const int removed = removeAllHooks();
+    const auto end = GetTickCount64() + 2500;  // more than two rounds of the watch
+    EXPECT_TRUE(eventually([end] { return GetTickCount64() > end; }));
+    ResumeThread(thread.get());
+    ASSERT_GE(removed, 2);
+    EXPECT_TRUE(typed("a"));
+    EXPECT_TRUE(toggledByF6());
 }
 
 TEST_F(LostHooks, AreNotMissedWhileTheyLive) {

@@ -5,12 +5,21 @@
 
 #include <array>
 #include <set>
+#include <string_view>
 #include <thread>
 
 #include "support/utf.h"
+#include "tests/windows/harness/replaced_import.h"
+
+extern "C" {
+extern void* __imp_GetKeyNameTextA;
+extern void* __imp_GetProcAddress;
+}
 
 namespace ravelin::platform {
 namespace {
+
+using test::ReplacedImport;
 
 TEST(Platform, NamesKeysAsTheSystemDoes) {
     for (std::uint32_t vk = 1; vk < 256; ++vk) {
@@ -26,6 +35,23 @@ TEST(Platform, NamesKeysAsTheSystemDoes) {
 TEST(Platform, TellsAnExtendedKeyFromItsTwin) {
     const auto arrow = static_cast<std::int32_t>(scanCode(VK_LEFT) << 16U);
     EXPECT_NE(systemKeyName(arrow | 0x01000000), systemKeyName(arrow));
+}
+
+// As the system's call names the keys of other countries: in the code page of the process.
+const wchar_t* foreignName = L"";
+
+int WINAPI nameInForeignScript(LONG, LPSTR name, int room) noexcept {
+    const int written =
+        WideCharToMultiByte(CP_ACP, 0, foreignName, -1, name, room, nullptr, nullptr);
+    return std::max(written - 1, 0);
+}
+
+TEST(Platform, NamesKeysInEveryScriptAsUtf8) {
+    const ReplacedImport name(__imp_GetKeyNameTextA, nameInForeignScript);
+    foreignName = L"\u00FC";
+    EXPECT_EQ(systemKeyName(0x1A << 16), "\xC3\xBC");
+    foreignName = L"\u0439";
+    EXPECT_EQ(systemKeyName(0x10 << 16), "\xD0\xB9");
 }
 
 TEST(Platform, HasNoNameForAKeyWithoutOne) {
@@ -54,6 +80,53 @@ TEST(Platform, GivesAWorkerThePixelsOfEveryMonitor) {
     }).join();
     EXPECT_EQ(awareness(), systemAware);
     SetThreadDpiAwarenessContext(before);
+}
+
+// What the thread that enters asks of the system for itself.
+struct SpeedRequest {
+    HANDLE thread = nullptr;
+    int kind = 0;
+    ULONG version = 0;
+    ULONG control = 0;
+    ULONG state = 1;
+    DWORD size = 0;
+    int calls = 0;
+};
+SpeedRequest speedRequest;
+
+BOOL WINAPI noteSpeedRequest(HANDLE thread, int kind, void* information, DWORD size) noexcept {
+    const auto* words = static_cast<const ULONG*>(information);
+    speedRequest = {thread, kind, words[0], words[1], words[2], size, speedRequest.calls + 1};
+    return TRUE;
+}
+
+// No other function is found, as on a system that is older than all of them.
+FARPROC WINAPI findNotedFunction(HMODULE, LPCSTR name) noexcept {
+    if (std::string_view(name) == "SetThreadInformation")
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void (*)()>(noteSpeedRequest));
+    return nullptr;
+}
+
+TEST(Platform, AsksWindowsNotToSlowAWorkerDown) {
+    enum : int { threadPowerThrottling = 3, executionSpeed = 1 };
+    speedRequest = {};
+    {
+        const ReplacedImport search(__imp_GetProcAddress, findNotedFunction);
+        std::thread(enterWorkerThread).join();
+    }
+    EXPECT_EQ(speedRequest.calls, 1);
+    EXPECT_EQ(speedRequest.thread, GetCurrentThread());  // the same word for every thread: itself
+    EXPECT_EQ(speedRequest.kind, threadPowerThrottling);
+    EXPECT_EQ(speedRequest.version, 1U);
+    EXPECT_EQ(speedRequest.control, ULONG{executionSpeed});
+    EXPECT_EQ(speedRequest.state, 0U);  // decided by the thread, and not slowed
+    EXPECT_EQ(speedRequest.size, 3 * sizeof(ULONG));
+}
+
+TEST(Platform, WorksWhereTheSystemIsOlderThanThoseRequests) {
+    const ReplacedImport search(
+        __imp_GetProcAddress, +[](HMODULE, LPCSTR) noexcept -> FARPROC { return nullptr; });
+    std::thread(enterWorkerThread).join();
 }
 
 TEST(Platform, AdoptsTheLayoutOfTheProgramInFront) {
