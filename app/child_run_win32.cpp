@@ -8,14 +8,16 @@
 #include "app/child_methods.h"
 #include "app/child_window_win32.h"
 #include "app/environment_win32.h"
-#include "app/main_view.h"
 #include "app/page_binding.h"
 #include "app/page_file.h"
+#include "app/page_keeper.h"
 #include "app/panel_script.h"
 #include "app/pipe_client.h"
 #include "app/program_folder.h"
 #include "app/run_modes.h"
 #include "app/saved_state.h"
+#include "app/view_failure_message.h"
+#include "app/web_view.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "persistence/data_folder.h"
@@ -46,6 +48,7 @@ class ChildPanel {
         window_.emplace(window, corner, events());
         bindPageMethods(view_, childPageMethods(services()));
         showPage(fields);
+        keepPage(view_, [this, fields] { showPage(fields); });
     }
 
   private:
@@ -99,14 +102,15 @@ int runChildPanel(const std::string& rawCommandLine) {
     migrateFiles();
     auto [view, failure] = WebView::create();
     if (!view) {
-        showMissingEquipment(failure);
+        // Of what came up just now the main window has told, or has the panel again.
+        if (isEquipmentMissing(failure)) showViewFailure(failure);
         return 1;
     }
     const ChildPanel panel(*view, readChildFields(rawCommandLine));
-    view->run();
-    // Calls of the page that are still on their way reach the panel until the view is gone.
+    failure = view->run();
+    // The engine may reach the panel until the view is gone.
     view.reset();
-    return 0;
+    return failure == ViewFailure{} ? 0 : 1;
 }
 
 }  // namespace ravelin

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/child_command_line.h"
+#include "app/view_failure.h"
 #include "persistence/app_settings.h"
 
 namespace ravelin {
@@ -40,6 +41,7 @@ std::string detachPanel(const std::string& args, const DetachServices& services)
     auto fields = readArguments(args);
     if (!fields || !isPanelId(fields->panelId)) return "There is no such panel to detach.";
     if (services.isOut(fields->panelId)) return "This panel is already in a window of its own.";
+    if (services.engineUpdated()) return engineUpdatedForPanel;
     if (fields->themeKey.empty()) fields->themeKey = services.themeKey;
     services.saveSession();
     if (!services.start(fields->panelId, childArguments(*fields)))

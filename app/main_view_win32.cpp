@@ -5,11 +5,13 @@
 #include "app/browser_settings.h"
 #include "app/child_panels.h"
 #include "app/detach_panel.h"
+#include "app/engine_runtime_win32.h"
 #include "app/environment_win32.h"
 #include "app/main_view.h"
 #include "app/main_window_win32.h"
 #include "app/page_binding.h"
 #include "app/page_file.h"
+#include "app/page_keeper.h"
 #include "app/page_methods.h"
 #include "app/program_folder.h"
 #include "app/script_sink.h"
@@ -21,7 +23,6 @@
 #include "input/requests.h"
 #include "persistence/app_settings.h"
 #include "persistence/session_file.h"
-#include "product.h"
 #include "support/utf.h"
 #include "themes/theme_key.h"
 
@@ -31,7 +32,7 @@ namespace {
 constexpr int defaultWidth = 420;
 constexpr int defaultHeight = 560;
 
-MainWindowServices services(WebView& view) {
+MainWindowServices services(WebView& view, const std::string& engineVersion) {
     return {
         .resizeWindow =
             [&view](std::int32_t width, std::int32_t height) {
@@ -44,11 +45,14 @@ MainWindowServices services(WebView& view) {
         .writeStatusFile = writeStatusFile,
         .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
         .detachPanel =
-            [](const std::string& args) {
-                return detachPanel(args, {.isOut = isPanelOut,
-                                          .saveSession = saveSession,
-                                          .themeKey = currentThemeKey,
-                                          .start = startChildPanel});
+            [engineVersion](const std::string& args) {
+                return detachPanel(
+                    args,
+                    {.isOut = isPanelOut,
+                     .engineUpdated = [&] { return installedEngineVersion() != engineVersion; },
+                     .saveSession = saveSession,
+                     .themeKey = currentThemeKey,
+                     .start = startChildPanel});
             },
         .environment = [&view] { return environmentOf(static_cast<HWND>(view.window())); },
     };
@@ -113,6 +117,7 @@ struct SinkOfView {
 }  // namespace
 
 WebView::Created makeMainView() {
+    const std::string engineVersion = installedEngineVersion();
     auto created = WebView::create();
     if (!created.view) return created;
     WebView& view = *created.view;
@@ -121,26 +126,12 @@ WebView::Created makeMainView() {
     setWindowIcons(findWindowByTitle(mainWindowTitle));
     restrictBrowser(view.browserController());
     view.setSize(defaultWidth, defaultHeight);
-    bindPageMethods(view, mainPageMethods(services(view)));
+    bindPageMethods(view, mainPageMethods(services(view, engineVersion)));
     showPage(view);
+    keepPage(view, [&view] { showPage(view); });
     placeAndShow(view);
     sink.kept = true;
     return created;
-}
-
-void showMissingEquipment(WebViewFailure failure) {
-    if (failure == WebViewFailure::libraryMissing) {
-        showError("Ravelin",
-                  "Ravelin needs the file libwebview.dll beside Ravelin.exe, and the "
-                  "Microsoft Visual C++ runtime.\n\nCopy the whole program folder again, "
-                  "or get the runtime from:\n" +
-                      std::string(product::cppRuntimeUrl));
-    } else {
-        showError("Ravelin",
-                  "Ravelin shows its window with the Microsoft Edge WebView2 runtime, "
-                  "which is not installed on this computer.\n\nGet it from:\n" +
-                      std::string(product::runtimeUrl));
-    }
 }
 
 }  // namespace ravelin

@@ -11,6 +11,7 @@ class DetachPanel : public testing::Test {
   protected:
     std::string detach(const std::string& args) {
         return detachPanel(args, {.isOut = [this](std::string_view id) { return id == out_; },
+                                  .engineUpdated = [this] { return engineUpdated_; },
                                   .saveSession = [this] { log_.emplace_back("save"); },
                                   .themeKey = "dawn",
                                   .start =
@@ -21,6 +22,7 @@ class DetachPanel : public testing::Test {
     }
 
     std::string out_;
+    bool engineUpdated_ = false;
     bool starts_ = true;
     std::vector<std::string> log_;
 };
@@ -76,6 +78,16 @@ TEST_F(DetachPanel, APanelThatIsOutIsRefusedBeforeAnythingIsDone) {
               "This panel is already in a window of its own.");
     EXPECT_TRUE(log_.empty());
     EXPECT_EQ(detach(R"(["A","panel-keyspam",1,2,"ravelin"])"), "");
+}
+
+TEST_F(DetachPanel, WithAnotherEngineThanAtTheStartNothingIsStarted) {
+    engineUpdated_ = true;
+    EXPECT_EQ(detach(R"(["A","panel-ui",1,2,"ravelin"])"),
+              "Panels cannot open in windows of their own because the browser engine of this "
+              "computer was updated. Close all windows of Ravelin and start it again.");
+    EXPECT_TRUE(log_.empty());
+    engineUpdated_ = false;
+    EXPECT_EQ(detach(R"(["A","panel-ui",1,2,"ravelin"])"), "");
 }
 
 TEST_F(DetachPanel, AChildThatDoesNotStartIsReported) {
