@@ -1,5 +1,5 @@
-// A server that takes connections and says nothing: neither the program's start nor its end waits
-// for it.
+// Servers that take connections and say nothing, or go on and on: neither the program's start nor its
+// end waits for them.
 import assert from 'node:assert/strict';
 import { createHash } from 'node:crypto';
 import { existsSync, readdirSync } from 'node:fs';
@@ -84,18 +84,38 @@ test('a manifest that never comes holds up the end of the program no more', asyn
     await assertEndsAtOnce(t, ravelin);
 });
 
+/** Starts the program with an update on offer and lets the page ask for it; gives the program. */
+async function updating(handler) {
+    const server = await listenTls();
+    const sha256 = createHash('sha256').update('never').digest('hex');
+    server.on(manifestUrl, body(JSON.stringify(signManifest({ tier, version: '99999.0.0', url: installerUrl, sha256 }, key))));
+    server.on(installerUrl, handler);
+    const ravelin = await Ravelin.open();
+    const page = await ravelin.page();
+    await page.getByRole('button', { name: 'Update', exact: true }).click({ timeout: 60_000 });
+    await until(() => server.requests.some(({ path: asked }) => asked === '/download/setup.exe'), 'the request for the installer', 60_000);
+    return { ravelin, page };
+}
+
 for (const [what, handler] of [['never begins', silence()], ['stops in the middle', stall(Buffer.alloc(100_000), 1_000_000)]]) {
     test(`a download that ${what} ends with the program, and nothing of it stays`, async (t) => {
-        const server = await listenTls();
-        const sha256 = createHash('sha256').update('never').digest('hex');
-        server.on(manifestUrl, body(JSON.stringify(signManifest({ tier, version: '99999.0.0', url: installerUrl, sha256 }, key))));
-        server.on(installerUrl, handler);
-        const ravelin = await Ravelin.open();
-        const page = await ravelin.page();
-        await page.getByRole('button', { name: 'Update', exact: true }).click({ timeout: 60_000 });
-        await until(() => server.requests.some(({ path: asked }) => asked === '/download/setup.exe'), 'the request for the installer', 60_000);
+        const { ravelin } = await updating(handler);
         if (what === 'stops in the middle') await until(() => downloads().length === 1, 'the download to begin');
         await assertEndsAtOnce(t, ravelin);
         assert.deepEqual(downloads(), []);
     });
 }
+
+/** Sends a little at a time, for longer than any test takes. */
+function trickle(request, response) {
+    response.writeHead(200, { 'content-length': 200_000_000 });
+    const timer = setInterval(() => response.write(Buffer.alloc(20_000)), 5);
+    response.on('close', () => clearInterval(timer));
+}
+
+test('a download that reports its progress to the last ends with the program, in order', async (t) => {
+    const { ravelin, page } = await updating(trickle);
+    await page.getByText(/\d %$/).waitFor();
+    await assertEndsAtOnce(t, ravelin);
+    assert.deepEqual(downloads(), []);
+});
