@@ -55,8 +55,50 @@ struct BrowserSettings5 : BrowserSettings3 {
     virtual HRESULT STDMETHODCALLTYPE putIsPinchZoomEnabled(BOOL enabled) = 0;
 };
 
+// What the engine calls back: handlers of events and of what it does in its own time.
+template <class... Arguments>
+struct BrowserHandler : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE invoke(Arguments... arguments) = 0;
+};
+
+struct BrowserView;
+struct BrowserController;
+
+struct ProcessFailedArguments : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE getProcessFailedKind(int* kind) = 0;
+};
+using ProcessFailedHandler = BrowserHandler<BrowserView*, ProcessFailedArguments*>;
+
+// What an event's handler is removed by.
+struct BrowserEventToken {
+    __int64 value = 0;
+};
+
 struct BrowserView : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE getSettings(BrowserSettings** settings) = 0;
+    RAVELIN_UNUSED_SLOT(getSource);
+    RAVELIN_UNUSED_SLOT(navigate);
+    RAVELIN_UNUSED_SLOT(navigateToString);
+    RAVELIN_UNUSED_SLOT(addNavigationStarting);
+    RAVELIN_UNUSED_SLOT(removeNavigationStarting);
+    RAVELIN_UNUSED_SLOT(addContentLoading);
+    RAVELIN_UNUSED_SLOT(removeContentLoading);
+    RAVELIN_UNUSED_SLOT(addSourceChanged);
+    RAVELIN_UNUSED_SLOT(removeSourceChanged);
+    RAVELIN_UNUSED_SLOT(addHistoryChanged);
+    RAVELIN_UNUSED_SLOT(removeHistoryChanged);
+    RAVELIN_UNUSED_SLOT(addNavigationCompleted);
+    RAVELIN_UNUSED_SLOT(removeNavigationCompleted);
+    RAVELIN_UNUSED_SLOT(addFrameNavigationStarting);
+    RAVELIN_UNUSED_SLOT(removeFrameNavigationStarting);
+    RAVELIN_UNUSED_SLOT(addFrameNavigationCompleted);
+    RAVELIN_UNUSED_SLOT(removeFrameNavigationCompleted);
+    RAVELIN_UNUSED_SLOT(addScriptDialogOpening);
+    RAVELIN_UNUSED_SLOT(removeScriptDialogOpening);
+    RAVELIN_UNUSED_SLOT(addPermissionRequested);
+    RAVELIN_UNUSED_SLOT(removePermissionRequested);
+    virtual HRESULT STDMETHODCALLTYPE addProcessFailed(ProcessFailedHandler* handler,
+                                                       BrowserEventToken* token) = 0;
 };
 
 struct BrowserController : IUnknown {
@@ -81,9 +123,16 @@ struct BrowserController : IUnknown {
     RAVELIN_UNUSED_SLOT(getParentWindow);
     RAVELIN_UNUSED_SLOT(putParentWindow);
     virtual HRESULT STDMETHODCALLTYPE notifyParentWindowPositionChanged() = 0;
-    RAVELIN_UNUSED_SLOT(close);
+    virtual HRESULT STDMETHODCALLTYPE close() = 0;
     virtual HRESULT STDMETHODCALLTYPE getBrowserView(BrowserView** view) = 0;
 };
+
+using ControllerHandler = BrowserHandler<HRESULT, BrowserController*>;
+
+struct BrowserEnvironment : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE createController(HWND parent, ControllerHandler* handler) = 0;
+};
+using EnvironmentHandler = BrowserHandler<HRESULT, BrowserEnvironment*>;
 
 #undef RAVELIN_UNUSED_SLOT
 #pragma GCC diagnostic pop

@@ -8,16 +8,18 @@
 #include "app/child_methods.h"
 #include "app/child_window_win32.h"
 #include "app/environment_win32.h"
-#include "app/main_view.h"
 #include "app/page_binding.h"
 #include "app/page_file.h"
+#include "app/page_keeper.h"
 #include "app/panel_script.h"
 #include "app/panels_on_top_win32.h"
 #include "app/pipe_client.h"
 #include "app/program_folder.h"
 #include "app/run_modes.h"
 #include "app/saved_state.h"
+#include "app/view_failure_message.h"
 #include "app/view_host_win32.h"
+#include "app/web_view.h"
 #include "app/window_opening_win32.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
@@ -59,6 +61,7 @@ class ChildPanel {
         } else {
             opening_.reveal();
         }
+        keepPage(view_, [this, fields] { showPage(fields); });
     }
 
   private:
@@ -120,14 +123,15 @@ int runChildPanel(const std::string& rawCommandLine) {
     setBrowserGround(groundOfTheme(fields.themeKey));
     auto [view, failure] = WebView::create();
     if (!view) {
-        showMissingEquipment(failure);
+        // Of what came up just now the main window has told, or has the panel again.
+        if (isEquipmentMissing(failure)) showViewFailure(failure);
         return 1;
     }
     const ChildPanel panel(*view, fields);
-    view->run();
-    // Calls of the page that are still on their way reach the panel until the view is gone.
+    failure = view->run();
+    // The engine may reach the panel until the view is gone.
     view.reset();
-    return 0;
+    return failure == ViewFailure{} ? 0 : 1;
 }
 
 }  // namespace ravelin

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/child_command_line.h"
+#include "app/view_failure.h"
 #include "persistence/app_settings.h"
 
 namespace ravelin {
@@ -43,6 +44,7 @@ std::string detachPanel(const std::string& args, const DetachServices& services)
     if (!services.pipeIsServed())
         return "Another user's Ravelin is running on this computer. Until it is closed, panels "
                "cannot have windows of their own.";
+    if (services.engineUpdated()) return engineUpdatedForPanel;
     if (fields->themeKey.empty()) fields->themeKey = services.themeKey;
     services.saveSession();
     if (!services.start(fields->panelId, childArguments(*fields)))

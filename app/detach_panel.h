@@ -11,6 +11,9 @@ struct DetachServices {
     std::function<bool(std::string_view panelId)> isOut;
     // Whether the main process gets what a panel forwards.
     std::function<bool()> pipeIsServed;
+    // Whether the browser engine is another than the one of the main window. It would refuse the
+    // child a view for as long as the main window has one.
+    std::function<bool()> engineUpdated;
     // The child reads the settings from the session file.
     std::function<void()> saveSession;
     std::string themeKey;  // for a page that names none

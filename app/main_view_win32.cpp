@@ -6,11 +6,13 @@
 #include "app/browser_settings.h"
 #include "app/child_panels.h"
 #include "app/detach_panel.h"
+#include "app/engine_runtime_win32.h"
 #include "app/environment_win32.h"
 #include "app/main_view.h"
 #include "app/main_window_win32.h"
 #include "app/page_binding.h"
 #include "app/page_file.h"
+#include "app/page_keeper.h"
 #include "app/page_methods.h"
 #include "app/pipe_server.h"
 #include "app/program_folder.h"
@@ -25,7 +27,6 @@
 #include "input/requests.h"
 #include "persistence/app_settings.h"
 #include "persistence/session_file.h"
-#include "product.h"
 #include "support/utf.h"
 #include "themes/theme_key.h"
 
@@ -54,7 +55,8 @@ std::vector<std::string> collectPanels(OpenedWindow& window) {
     return ended;
 }
 
-MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& window) {
+MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& window,
+                            const std::string& engineVersion) {
     return {
         .resizeWindow =
             [&view](std::int32_t width, std::int32_t height) {
@@ -67,12 +69,15 @@ MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& 
         .writeStatusFile = writeStatusFile,
         .startUpdate = [&view](const std::string& callId) { startUpdate(view, callId); },
         .detachPanel =
-            [](const std::string& args) {
-                return detachPanel(args, {.isOut = isPanelOut,
-                                          .pipeIsServed = [] { return !ipcUnavailable.load(); },
-                                          .saveSession = saveSession,
-                                          .themeKey = currentThemeKey,
-                                          .start = startChildPanel});
+            [engineVersion](const std::string& args) {
+                return detachPanel(
+                    args,
+                    {.isOut = isPanelOut,
+                     .pipeIsServed = [] { return !ipcUnavailable.load(); },
+                     .engineUpdated = [&] { return installedEngineVersion() != engineVersion; },
+                     .saveSession = saveSession,
+                     .themeKey = currentThemeKey,
+                     .start = startChildPanel});
             },
         .environment = [&view] { return environmentOf(static_cast<HWND>(view.window())); },
         .pagePainted = [window] { window->opening.reveal(); },
@@ -143,6 +148,7 @@ struct SinkOfView {
 }  // namespace
 
 WebView::Created makeMainView() {
+    const std::string engineVersion = installedEngineVersion();
     auto created = WebView::create();
     if (!created.view) return created;
     WebView& view = *created.view;
@@ -152,8 +158,9 @@ WebView::Created makeMainView() {
     setWindowIcons(findWindowByTitle(mainWindowTitle));
     restrictBrowser(view.browserController());
     view.setSize(defaultWidth, defaultHeight);
-    bindPageMethods(view, mainPageMethods(services(view, window)));
+    bindPageMethods(view, mainPageMethods(services(view, window, engineVersion)));
     const bool pageComes = showPage(view);
+    keepPage(view, [&view] { showPage(view); });
     placeAndShow(view, window);
     window->opening.allowActivation();
     if (pageComes && !appSettings.startMinimized) {
@@ -163,21 +170,6 @@ WebView::Created makeMainView() {
     }
     sink.kept = true;
     return created;
-}
-
-void showMissingEquipment(WebViewFailure failure) {
-    if (failure == WebViewFailure::libraryMissing) {
-        showError("Ravelin",
-                  "Ravelin needs the file libwebview.dll beside Ravelin.exe, and the "
-                  "Microsoft Visual C++ runtime.\n\nCopy the whole program folder again, "
-                  "or get the runtime from:\n" +
-                      std::string(product::cppRuntimeUrl));
-    } else {
-        showError("Ravelin",
-                  "Ravelin shows its window with the Microsoft Edge WebView2 runtime, "
-                  "which is not installed on this computer.\n\nGet it from:\n" +
-                      std::string(product::runtimeUrl));
-    }
 }
 
 }  // namespace ravelin

@@ -11,6 +11,7 @@
 #include "app/run_modes.h"
 #include "app/script_sink.h"
 #include "app/single_instance.h"
+#include "app/view_failure_message.h"
 #include "app/window_titles.h"
 #include "app/windows_win32.h"
 #include "input/engine_state.h"
@@ -91,14 +92,14 @@ int runNormally(const ComSession& com, const Switches& switches) {
     EngineRun engineRun;
     engineRun.start();
     auto [view, failure] = makeMainView();
-    if (view) view->run();
+    if (view) failure = view->run();
 
     engineRun.stop();
     setPageScriptSink({});
     view.reset();
     com.leave();
-    if (failure == WebViewFailure::none) return 0;
-    showMissingEquipment(failure);
+    if (failure == ViewFailure{}) return 0;
+    showViewFailure(failure);
     return 1;
 }
 

@@ -10,15 +10,16 @@
 #include <string>
 #include <vector>
 
-namespace ravelin {
+#include "app/view_failure.h"
 
-enum class WebViewFailure { none, libraryMissing, runtimeMissing };
+namespace ravelin {
 
 class WebView {
   public:
     struct Created;
 
-    // Makes the window and its view. On failure the view is null and the failure says what lacks.
+    // Makes the window and its view, which may take the engine as long as viewLimitMs(). On failure
+    // the view is null and the failure says why.
     static Created create();
 
     WebView(const WebView&) = delete;
@@ -40,9 +41,13 @@ class WebView {
 
     // Runs the action on the view's thread, in its message loop. Any thread.
     void dispatch(std::function<void()> action);
-    void run();
+    // Runs the message loop until it is ended, and gives the failure that ended it. From then on
+    // dispatch() and settle() do nothing, and no handler is called any more.
+    ViewFailure run();
     // Ends run(). Any thread.
     void terminate();
+    // Ends run() with this failure, before it begins or while it runs. The view's thread.
+    void breakOff(const ViewFailure& failure);
 
     // The top-level HWND, and the browser engine's controller (a COM interface pointer that the
     // view owns); null when there is none.
@@ -52,16 +57,20 @@ class WebView {
   private:
     struct Library;
     struct Binding;
+    struct Life;
+    struct Dispatched;
 
     explicit WebView(void* view);
 
     void* view_;
+    ViewFailure failure_;
+    std::shared_ptr<Life> life_;
     std::vector<std::unique_ptr<Binding>> bindings_;
 };
 
 struct WebView::Created {
     std::unique_ptr<WebView> view;
-    WebViewFailure failure = WebViewFailure::none;
+    ViewFailure failure;
 };
 
 }  // namespace ravelin

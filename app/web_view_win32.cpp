@@ -1,8 +1,11 @@
 #include <windows.h>
 
+#include <atomic>
 #include <exception>
+#include <mutex>
 #include <utility>
 
+#include "app/view_wait_timer_win32.h"
 #include "app/web_view.h"
 
 namespace ravelin {
@@ -19,6 +22,26 @@ bool findExport(HMODULE module, const char* name, Function*& function) {
     function =
         reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
     return function != nullptr;
+}
+
+// The window in which the library runs what was dispatched on this thread.
+HWND queueWindow() {
+    HWND window = nullptr;
+    do {
+        window = FindWindowExW(HWND_MESSAGE, window, L"webview_message", nullptr);
+    } while (window != nullptr &&
+             GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId());
+    return window;
+}
+
+// Runs what is left in the library's queue. As the view goes, the library would run it without the
+// browser's view that the calls are meant for.
+void emptyQueue() {
+    const HWND window = queueWindow();
+    MSG message{};
+    while (window != nullptr && PeekMessageW(&message, window, 0, 0, PM_REMOVE) != 0 &&
+           message.message != WM_QUIT)
+        DispatchMessageW(&message);
 }
 
 }  // namespace
@@ -68,12 +91,28 @@ struct WebView::Library {
     bool complete_ = false;
 };
 
+// Whether the view may still be asked for something.
+struct WebView::Life {
+    // Held while the library is handed something for its queue, so that nothing comes into the
+    // queue after the last look at it.
+    std::mutex mutex;
+    std::atomic<bool> over{false};
+};
+
+struct WebView::Dispatched {
+    std::function<void()> action;
+    std::shared_ptr<Life> life;
+};
+
 struct WebView::Binding {
     Handler handler;
+    std::shared_ptr<Life> life;
 
     static void call(const char* id, const char* args, void* self) {
+        const auto* binding = static_cast<Binding*>(self);
+        if (binding->life->over) return;
         try {
-            static_cast<Binding*>(self)->handler(id, args);
+            binding->handler(id, args);
         } catch (...) {
             // Handlers do not throw; if one does, the call stays unsettled rather than letting the
             // error unwind through the library.
@@ -84,13 +123,14 @@ struct WebView::Binding {
 
 WebView::Created WebView::create() {
     const Library* library = Library::get();
-    if (library == nullptr) return {nullptr, WebViewFailure::libraryMissing};
+    if (library == nullptr) return {nullptr, {ViewFailureReason::libraryMissing}};
+    ViewWaitTimer wait;
     const ViewHandle view = library->create(0, nullptr);
-    if (view == nullptr) return {nullptr, WebViewFailure::runtimeMissing};
-    return {std::unique_ptr<WebView>(new WebView(view)), WebViewFailure::none};
+    if (view == nullptr) return {nullptr, wait.failure()};
+    return {std::unique_ptr<WebView>(new WebView(view)), {}};
 }
 
-WebView::WebView(void* view) : view_(view) {}
+WebView::WebView(void* view) : view_(view), life_(std::make_shared<Life>()) {}
 
 WebView::~WebView() {
     Library::get()->destroy(view_);
@@ -113,34 +153,48 @@ void WebView::eval(const std::string& script) {
 }
 
 void WebView::bind(const std::string& name, Handler handler) {
-    bindings_.push_back(std::make_unique<Binding>(Binding{std::move(handler)}));
+    bindings_.push_back(std::make_unique<Binding>(Binding{std::move(handler), life_}));
     Library::get()->bind(view_, name.c_str(), &Binding::call, bindings_.back().get());
 }
 
 void WebView::settle(const std::string& callId, bool rejected, const std::string& json) {
-    Library::get()->settle(view_, callId.c_str(), rejected ? 1 : 0, json.c_str());
+    const std::lock_guard lock(life_->mutex);
+    if (!life_->over) Library::get()->settle(view_, callId.c_str(), rejected ? 1 : 0, json.c_str());
 }
 
 void WebView::dispatch(std::function<void()> action) {
-    auto owned = std::make_unique<std::function<void()>>(std::move(action));
+    auto owned = std::make_unique<Dispatched>(Dispatched{std::move(action), life_});
     const auto runOwned = [](ViewHandle, void* argument) {
-        const std::unique_ptr<std::function<void()>> run(
-            static_cast<std::function<void()>*>(argument));
+        const std::unique_ptr<Dispatched> run(static_cast<Dispatched*>(argument));
+        if (run->life->over) return;
         try {
-            (*run)();
+            run->action();
         } catch (...) {
             return;  // nothing unwinds through the library
         }
     };
+    const std::lock_guard lock(life_->mutex);
+    if (life_->over) return;
     if (Library::get()->dispatch(view_, runOwned, owned.get()) == 0) (void)owned.release();
 }
 
-void WebView::run() {
-    Library::get()->run(view_);
+ViewFailure WebView::run() {
+    if (failure_ == ViewFailure{}) Library::get()->run(view_);
+    {
+        const std::lock_guard lock(life_->mutex);
+        life_->over = true;
+    }
+    emptyQueue();
+    return failure_;
 }
 
 void WebView::terminate() {
     Library::get()->terminate(view_);
+}
+
+void WebView::breakOff(const ViewFailure& failure) {
+    failure_ = failure;
+    terminate();
 }
 
 void* WebView::window() const {

@@ -77,6 +77,11 @@ if(WIN32)
     foreach(tool witness window_tool pipe_tool instance_tool system_tool)
         target_link_libraries(${tool} PRIVATE ravelin_options shell32 ntdll)
     endforeach()
+    # The program with a short patience: the linker takes the limit before the one of the library.
+    add_executable(ravelin_impatient WIN32 app/ravelin_main.cpp
+        tests/e2e/tools/short_view_limit.cpp)
+    target_link_libraries(ravelin_impatient PRIVATE
+        ravelin_windows ravelin_core ravelin_windows ravelin_resources)
     # The updater's steps on command, and something to hand over to.
     ravelin_test_program(update_probe SOURCES tests/update/tools/update_probe_main.cpp
         LIBRARIES ravelin_windows ravelin_core ravelin_windows)

@@ -12,6 +12,7 @@ class DetachPanel : public testing::Test {
     std::string detach(const std::string& args) {
         return detachPanel(args, {.isOut = [this](std::string_view id) { return id == out_; },
                                   .pipeIsServed = [this] { return served_; },
+                                  .engineUpdated = [this] { return engineUpdated_; },
                                   .saveSession = [this] { log_.emplace_back("save"); },
                                   .themeKey = "dawn",
                                   .start =
@@ -23,6 +24,7 @@ class DetachPanel : public testing::Test {
 
     std::string out_;
     bool served_ = true;
+    bool engineUpdated_ = false;
     bool starts_ = true;
     std::vector<std::string> log_;
 };
@@ -87,6 +89,16 @@ TEST_F(DetachPanel, WithoutItsPipeNothingIsStartedAndTheReasonIsTold) {
               "cannot have windows of their own.");
     EXPECT_TRUE(log_.empty());
     served_ = true;
+    EXPECT_EQ(detach(R"(["A","panel-ui",1,2,"ravelin"])"), "");
+}
+
+TEST_F(DetachPanel, WithAnotherEngineThanAtTheStartNothingIsStarted) {
+    engineUpdated_ = true;
+    EXPECT_EQ(detach(R"(["A","panel-ui",1,2,"ravelin"])"),
+              "Panels cannot open in windows of their own because the browser engine of this "
+              "computer was updated. Close all windows of Ravelin and start it again.");
+    EXPECT_TRUE(log_.empty());
+    engineUpdated_ = false;
     EXPECT_EQ(detach(R"(["A","panel-ui",1,2,"ravelin"])"), "");
 }
 

@@ -49,6 +49,13 @@ struct ICoreWebView2NavigationCompletedEventArgs : IUnknown {
     ~ICoreWebView2NavigationCompletedEventArgs() = default;
 };
 
+struct ICoreWebView2ProcessFailedEventArgs : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE get_ProcessFailedKind(int* kind) = 0;
+
+  protected:
+    ~ICoreWebView2ProcessFailedEventArgs() = default;
+};
+
 using EnvironmentCompletedHandler = Handler<HRESULT, ICoreWebView2Environment*>;
 using ControllerCompletedHandler = Handler<HRESULT, ICoreWebView2Controller*>;
 using ScriptAddedHandler = Handler<HRESULT, LPCWSTR>;
@@ -57,6 +64,7 @@ using WebMessageReceivedHandler =
     Handler<ICoreWebView2*, ICoreWebView2WebMessageReceivedEventArgs*>;
 using NavigationCompletedHandler =
     Handler<ICoreWebView2*, ICoreWebView2NavigationCompletedEventArgs*>;
+using ProcessFailedHandler = Handler<ICoreWebView2*, ICoreWebView2ProcessFailedEventArgs*>;
 
 struct ICoreWebView2Environment : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE
@@ -107,6 +115,8 @@ inline constexpr IID iidController = {
     0x4D00C0D1, 0x9434, 0x4EB6, {0x80, 0x78, 0x86, 0x97, 0xA5, 0x60, 0x33, 0x4F}};
 inline constexpr IID iidWebMessageReceivedEventArgs = {
     0x0F99A40C, 0xE962, 0x4207, {0x9E, 0x92, 0xE3, 0xD5, 0x42, 0xEF, 0xF8, 0x49}};
+inline constexpr IID iidProcessFailedEventArgs = {
+    0x8155A9A4, 0x1474, 0x4A86, {0x8C, 0xAE, 0x15, 0x1B, 0x0F, 0xA6, 0xB8, 0xCA}};
 inline constexpr IID iidNavigationCompletedEventArgs = {
     0x30D68B7D, 0x20D9, 0x4752, {0xA9, 0xCA, 0xEC, 0x84, 0x48, 0xFB, 0xB5, 0xC1}};
 

@@ -103,7 +103,10 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
         },
         [weak] {
             logLine("the browser has gone");
-            if (const auto self = weak.lock()) self->giveUp(E_FAIL);
+            const auto self = weak.lock();
+            if (!self) return;
+            self->giveUp(E_FAIL);
+            self->report(FailedProcess::browser);
         });
     created_ = std::move(created);
     page_->attach([self = shared_from_this()](const std::string& target) {
@@ -124,7 +127,14 @@ void EmbeddedBrowser::giveUp(HRESULT reason) {
     queue_.post([created = std::exchange(created_, {}), reason] { created(reason, nullptr); });
 }
 
+void EmbeddedBrowser::report(FailedProcess process) {
+    if (onProcessFailed) onProcessFailed(process);
+}
+
 void EmbeddedBrowser::connectPage() {
+    page_->onCrashed = [this] { report(FailedProcess::mainPage); };
+    // A screencast ends with the page's process.
+    page_->onRevived = [this] { show(true); };
     mouse_->onZoomWheel = [this](int steps) {
         if (!settings_.isZoomControlEnabled) return false;
         setZoom(nextZoom(zoom_.factor, steps));

@@ -9,6 +9,7 @@
 
 #include "browser_process.h"
 #include "browser_settings.h"
+#include "event_arguments.h"
 #include "input_queue.h"
 #include "key_forwarding.h"
 #include "mouse_forwarding.h"
@@ -39,6 +40,9 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     double zoom() const { return zoom_.factor; }
     void takeFocus() const;
     void moveTo(HWND parent);
+    // A process of the browser has ended by itself.
+    std::function<void(FailedProcess)> onProcessFailed;
+
     // Ends the browser and removes its window. Later calls do nothing.
     void close();
 
@@ -48,6 +52,7 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     void connectPage();
     void end();
     void giveUp(HRESULT reason);
+    void report(FailedProcess process);
     void startScreencast(int round, int attempts);
     void takeFrame(Frame frame, int number);
     void applySize();

@@ -4,17 +4,44 @@
 #include "com_interfaces.h"
 #include "com_object.h"
 #include "controller.h"
+#include "engine_sharing.h"
+#include "engine_switches.h"
 #include "module.h"
 #include "ui_queue.h"
+#include "unseen_controller.h"
 
 namespace ravelin::browser {
 namespace {
 
+void refuse(const ComPtr<ControllerCompletedHandler>& handler, HRESULT reason) {
+    UiQueue::ofThisThread().post([handler, reason] { handler->Invoke(reason, nullptr); });
+}
+
 class Environment final : public ComObject<ICoreWebView2Environment, iidEnvironment> {
   public:
+    explicit Environment(std::wstring dataFolder) : dataFolder_(std::move(dataFolder)) {}
+
     HRESULT STDMETHODCALLTYPE
     CreateCoreWebView2Controller(HWND parent, ControllerCompletedHandler* handler) override {
-        if (handler == nullptr || IsWindow(parent) == 0) return E_INVALIDARG;
+        const bool unseen = parent == HWND_MESSAGE;
+        if (handler == nullptr || (!unseen && IsWindow(parent) == 0)) return E_INVALIDARG;
+        const EngineMood mood = engineMood();
+        if (mood.reception == Reception::ignored) return S_OK;
+        if (mood.reception == Reception::refused) {
+            refuse(handler, mood.refusal);
+            return S_OK;
+        }
+        if (!joinBrowser(dataFolder_)) {
+            refuse(handler, HRESULT_FROM_WIN32(ERROR_INVALID_STATE));
+            return S_OK;
+        }
+        if (unseen) {
+            UiQueue::ofThisThread().post([kept = ComPtr<ControllerCompletedHandler>(handler)] {
+                const auto controller = makeCom<UnseenController>();
+                kept->Invoke(S_OK, controller.Get());
+            });
+            return S_OK;
+        }
         EmbeddedBrowser::create(
             parent, [kept = ComPtr<ControllerCompletedHandler>(handler)](
                         HRESULT result, const std::shared_ptr<EmbeddedBrowser>& browser) {
@@ -30,15 +57,14 @@ class Environment final : public ComObject<ICoreWebView2Environment, iidEnvironm
 
     HRESULT STDMETHODCALLTYPE get_BrowserVersionString(LPWSTR* version) override {
         if (version == nullptr) return E_POINTER;
-        const std::wstring folder = moduleFolder();
-        // <version>\EBWebView\x64, as the loader found it.
-        const std::wstring above = folder.substr(0, folder.rfind(L'\\', folder.rfind(L'\\') - 1));
-        *version = comText(toUtf8(above.substr(above.rfind(L'\\') + 1)));
+        *version = comText(toUtf8(engineVersion()));
         return *version == nullptr ? E_OUTOFMEMORY : S_OK;
     }
 
   private:
     ~Environment() override = default;
+
+    std::wstring dataFolder_;
 };
 
 }  // namespace
@@ -55,8 +81,9 @@ extern "C" __declspec(dllexport) HRESULT STDMETHODCALLTYPE
     const HRESULT result = handler->QueryInterface(
         iidEnvironmentCompletedHandler, reinterpret_cast<void**>(completed.GetAddressOf()));
     if (FAILED(result)) return result;
-    UiQueue::ofThisThread().post([completed] {
-        const auto environment = makeCom<Environment>();
+    const std::wstring dataFolder = userDataFolder == nullptr ? L"" : userDataFolder;
+    UiQueue::ofThisThread().post([completed, dataFolder] {
+        const auto environment = makeCom<Environment>(dataFolder);
         completed->Invoke(S_OK, environment.Get());
     });
     return S_OK;

@@ -38,6 +38,10 @@ HRESULT STDMETHODCALLTYPE WebMessageArguments::TryGetWebMessageAsString(LPWSTR* 
     return give(value.get<std::string>(), text);
 }
 
+HRESULT STDMETHODCALLTYPE ProcessFailedArguments::get_ProcessFailedKind(int* kind) {
+    return give(static_cast<int>(process_), kind);
+}
+
 HRESULT STDMETHODCALLTYPE NavigationArguments::get_IsSuccess(BOOL* success) {
     return give<BOOL>(success_ ? TRUE : FALSE, success);
 }

@@ -26,6 +26,22 @@ class WebMessageArguments final
     std::string json_;
 };
 
+// The published kinds of failed processes, as far as this runtime reports them.
+enum class FailedProcess : int { browser = 0, mainPage = 1 };
+
+class ProcessFailedArguments final
+    : public ComObject<ICoreWebView2ProcessFailedEventArgs, iidProcessFailedEventArgs> {
+  public:
+    explicit ProcessFailedArguments(FailedProcess process) : process_(process) {}
+
+    HRESULT STDMETHODCALLTYPE get_ProcessFailedKind(int* kind) override;
+
+  private:
+    ~ProcessFailedArguments() override = default;
+
+    FailedProcess process_;
+};
+
 class NavigationArguments final
     : public ComObject<ICoreWebView2NavigationCompletedEventArgs, iidNavigationCompletedEventArgs> {
   public:

@@ -26,4 +26,10 @@ std::wstring moduleFolder() {
     return full.substr(0, full.rfind(L'\\'));
 }
 
+std::wstring engineVersion() {
+    const std::wstring folder = moduleFolder();
+    const std::wstring above = folder.substr(0, folder.rfind(L'\\', folder.rfind(L'\\') - 1));
+    return above.substr(above.rfind(L'\\') + 1);
+}
+
 }  // namespace ravelin::browser

@@ -12,6 +12,9 @@ HMODULE thisModule();
 // The folder that the DLL lies in, without a final backslash.
 std::wstring moduleFolder();
 
+// This runtime's version, which the loader found it under: <version>\EBWebView\x64.
+std::wstring engineVersion();
+
 // Keeps the DLL loaded for the rest of the process: hosts free it after creating an environment.
 void pinModule();
 

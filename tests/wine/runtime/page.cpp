@@ -1,6 +1,7 @@
 #include "page.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "log.h"
 #include "page_scripts.h"
@@ -115,6 +116,7 @@ void Page::finish(bool success) {
     navigating_ = false;
     installWatcher();
     tellFocus();
+    if (std::exchange(crashed_, false) && onRevived) onRevived();
     if (onNavigated) onNavigated(success);
     workOff();
 }
@@ -216,6 +218,15 @@ void Page::answerDialog(bool accepted) {
     connection_->send("Page.handleJavaScriptDialog", {{"accept", accepted}});
 }
 
+void Page::crash() {
+    logLine("the page has crashed");
+    crashed_ = true;
+    // Nobody waits for a document that does not come any more.
+    navigating_ = false;
+    awaited_.clear();
+    if (onCrashed) onCrashed();
+}
+
 void Page::handleEvent(const std::string& method, const Json& parameters) {
     if (method == "Page.lifecycleEvent") {
         if (parameters.value("frameId", "") == frame_ && parameters.value("name", "") == "load") {
@@ -237,7 +248,7 @@ void Page::handleEvent(const std::string& method, const Json& parameters) {
     } else if (method == "Page.javascriptDialogOpening") {
         if (onDialog) onDialog(parameters.value("type", ""), parameters.value("message", ""));
     } else if (method == "Inspector.targetCrashed") {
-        logLine("the page has crashed");
+        crash();
     } else if (method == "Runtime.exceptionThrown") {
         const Json& details = parameters["exceptionDetails"];
         logLine("page: uncaught " + details.value("text", "") + " " +

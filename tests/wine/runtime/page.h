@@ -67,6 +67,10 @@ class Page : public std::enable_shared_from_this<Page> {
     // The page leaves a context menu at the pointer to the browser.
     Done onMenu;
 
+    // The page's process has ended by itself; and the first document after that is there.
+    Done onCrashed;
+    Done onRevived;
+
     void handleEvent(const std::string& method, const Json& parameters);
 
   private:
@@ -82,6 +86,7 @@ class Page : public std::enable_shared_from_this<Page> {
     void workOff();
     void installWatcher();
     void tellFocus();
+    void crash();
     void takeNote(const std::string& note);
 
     std::shared_ptr<DevToolsConnection> connection_;
@@ -90,6 +95,7 @@ class Page : public std::enable_shared_from_this<Page> {
     std::string address_ = "about:blank";
     Navigation current_;
     bool navigating_ = false;
+    bool crashed_ = false;
     bool focused_ = false;
     bool everFocused_ = false;
     // The document that the navigation waits for, and the one that was loaded last.

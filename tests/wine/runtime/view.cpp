@@ -13,11 +13,13 @@ View::View(std::shared_ptr<EmbeddedBrowser> browser)
     : browser_(std::move(browser)), settings_(makeCom<Settings>(browser_)) {
     browser_->page().onMessage = [this](const std::string& json) { deliverMessage(json); };
     browser_->page().onNavigated = [this](bool success) { deliverNavigation(success); };
+    browser_->onProcessFailed = [this](FailedProcess process) { deliverFailure(process); };
 }
 
 View::~View() {
     browser_->page().onMessage = {};
     browser_->page().onNavigated = {};
+    browser_->onProcessFailed = {};
 }
 
 HRESULT STDMETHODCALLTYPE View::get_Settings(ICoreWebView2Settings** settings) {
@@ -72,6 +74,15 @@ HRESULT STDMETHODCALLTYPE View::remove_PermissionRequested(EventRegistrationToke
     return permissionHandlers_.remove(token);
 }
 
+HRESULT STDMETHODCALLTYPE View::add_ProcessFailed(ProcessFailedHandler* handler,
+                                                  EventRegistrationToken* token) {
+    return failureHandlers_.add(handler, token);
+}
+
+HRESULT STDMETHODCALLTYPE View::remove_ProcessFailed(EventRegistrationToken token) {
+    return failureHandlers_.remove(token);
+}
+
 HRESULT STDMETHODCALLTYPE View::AddScriptToExecuteOnDocumentCreated(LPCWSTR script,
                                                                     ScriptAddedHandler* handler) {
     if (script == nullptr) return E_INVALIDARG;
@@ -113,6 +124,13 @@ void View::deliverMessage(const std::string& json) {
     messageHandlers_.invoke(
         static_cast<ICoreWebView2*>(this),
         static_cast<ICoreWebView2WebMessageReceivedEventArgs*>(arguments.Get()));
+}
+
+void View::deliverFailure(FailedProcess process) {
+    const ComPtr<View> alive(this);
+    const auto arguments = makeCom<ProcessFailedArguments>(process);
+    failureHandlers_.invoke(static_cast<ICoreWebView2*>(this),
+                            static_cast<ICoreWebView2ProcessFailedEventArgs*>(arguments.Get()));
 }
 
 void View::deliverNavigation(bool success) {

@@ -26,6 +26,9 @@ class View final : public ComObject<ICoreWebView2, iidView> {
     HRESULT STDMETHODCALLTYPE add_PermissionRequested(IUnknown* handler,
                                                       EventRegistrationToken* token) override;
     HRESULT STDMETHODCALLTYPE remove_PermissionRequested(EventRegistrationToken token) override;
+    HRESULT STDMETHODCALLTYPE add_ProcessFailed(ProcessFailedHandler* handler,
+                                                EventRegistrationToken* token) override;
+    HRESULT STDMETHODCALLTYPE remove_ProcessFailed(EventRegistrationToken token) override;
     HRESULT STDMETHODCALLTYPE
     AddScriptToExecuteOnDocumentCreated(LPCWSTR script, ScriptAddedHandler* handler) override;
     HRESULT STDMETHODCALLTYPE RemoveScriptToExecuteOnDocumentCreated(LPCWSTR id) override;
@@ -39,11 +42,13 @@ class View final : public ComObject<ICoreWebView2, iidView> {
     ~View() override;
     void deliverMessage(const std::string& json);
     void deliverNavigation(bool success);
+    void deliverFailure(FailedProcess process);
 
     std::shared_ptr<EmbeddedBrowser> browser_;
     ComPtr<Settings> settings_;
     HandlerList<WebMessageReceivedHandler> messageHandlers_;
     HandlerList<NavigationCompletedHandler> navigationHandlers_;
+    HandlerList<ProcessFailedHandler> failureHandlers_;
     // Kept for the host's sake: a page in this browser is refused what it would have to ask for.
     HandlerList<IUnknown> permissionHandlers_;
     UINT64 navigations_ = 0;

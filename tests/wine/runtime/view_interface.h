@@ -31,8 +31,9 @@ struct ICoreWebView2 : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE add_PermissionRequested(IUnknown* handler,
                                                               EventRegistrationToken* token) = 0;
     virtual HRESULT STDMETHODCALLTYPE remove_PermissionRequested(EventRegistrationToken token) = 0;
-    BROWSER_UNSUPPORTED(add_ProcessFailed)
-    BROWSER_UNSUPPORTED(remove_ProcessFailed)
+    virtual HRESULT STDMETHODCALLTYPE add_ProcessFailed(ProcessFailedHandler* handler,
+                                                        EventRegistrationToken* token) = 0;
+    virtual HRESULT STDMETHODCALLTYPE remove_ProcessFailed(EventRegistrationToken token) = 0;
     virtual HRESULT STDMETHODCALLTYPE
     AddScriptToExecuteOnDocumentCreated(LPCWSTR script, ScriptAddedHandler* handler) = 0;
     virtual HRESULT STDMETHODCALLTYPE RemoveScriptToExecuteOnDocumentCreated(LPCWSTR id) = 0;
