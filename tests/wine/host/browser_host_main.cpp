@@ -14,11 +14,13 @@
 #include <string>
 #include <string_view>
 
+#include "../runtime/view_interface.h"
 #include "application_settings.h"
 #include "webview_library.h"
 
 namespace {
 
+using ravelin::browser::ICoreWebView2Controller;
 using ravelin::browser_host::Webview;
 using ravelin::browser_host::WebviewLibrary;
 
@@ -98,6 +100,35 @@ void grabMouse(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
 }
 
+constexpr int controllerKind = 2;
+
+ICoreWebView2Controller* controllerOf(void* view) {
+    return static_cast<ICoreWebView2Controller*>(library.nativeHandle(view, controllerKind));
+}
+
+// setVisible(on) shows or hides the view, whatever its window does.
+void setVisible(const char* id, const char* arguments, void* view) {
+    controllerOf(view)->put_IsVisible(std::string_view(arguments) == "[true]" ? TRUE : FALSE);
+    library.resolve(view, id, 0, "");
+}
+
+// tellMove() tells the view that its window has moved.
+void tellMove(const char* id, const char*, void* view) {
+    controllerOf(view)->NotifyParentWindowPositionChanged();
+    library.resolve(view, id, 0, "");
+}
+
+// focusWindow() gives the keyboard to the window around the view, focusView() to the view.
+void focusWindow(const char* id, const char*, void* view) {
+    SetFocus(static_cast<HWND>(library.nativeHandle(view, 0)));
+    library.resolve(view, id, 0, "");
+}
+
+void focusView(const char* id, const char*, void* view) {
+    controllerOf(view)->MoveFocus(0);
+    library.resolve(view, id, 0, "");
+}
+
 void closeHost(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
     library.terminate(view);
@@ -124,6 +155,10 @@ Webview openView(const std::string& title, int width, int height) {
     library.bind(view, "bindLate", bindLate, view);
     library.bind(view, "unbindLate", unbindLate, view);
     library.bind(view, "grabMouse", grabMouse, view);
+    library.bind(view, "setVisible", setVisible, view);
+    library.bind(view, "tellMove", tellMove, view);
+    library.bind(view, "focusWindow", focusWindow, view);
+    library.bind(view, "focusView", focusView, view);
     library.bind(view, "closeHost", closeHost, view);
     library.init(view, "window.initRan = document.readyState");
     return view;
@@ -155,7 +190,6 @@ int main(int count, char** values) {
         say("no view");
         return 4;
     }
-    constexpr int controllerKind = 2;
     if (application) {
         const bool done = ravelin::browser_host::useApplicationSettings(
             library.nativeHandle(view, controllerKind));

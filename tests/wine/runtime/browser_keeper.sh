@@ -35,8 +35,7 @@ flags=(
     --disable-component-update --disable-default-apps --disable-extensions --disable-quic
     --disable-breakpad --disable-crash-reporter --disable-dev-shm-usage --disable-domain-reliability
     --disable-features=Translate,MediaRouter,OptimizationHints --disable-popup-blocking
-    --disable-background-timer-throttling --disable-backgrounding-occluded-windows
-    --disable-renderer-backgrounding --hide-scrollbars --force-device-scale-factor=1
+    --force-device-scale-factor=1
     --force-color-profile=srgb --password-store=basic --use-mock-keychain --metrics-recording-only
     --log-level=3 about:blank
 )
