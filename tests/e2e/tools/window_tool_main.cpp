@@ -233,6 +233,8 @@ int stay(const wchar_t* noteFile) {
 }  // namespace
 
 int main() {
+    // In pixels of the screen, whatever the scale.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 2;

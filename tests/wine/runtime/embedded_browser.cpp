@@ -54,10 +54,10 @@ void EmbeddedBrowser::create(HWND parent, Created created) {
         queue.post([created] { created(earlierFailure, nullptr); });
         return;
     }
-    std::thread([&queue, parent, created] {
+    std::thread([&queue, parent, created, scale = displayScale(parent)] {
         std::shared_ptr<BrowserProcess> process;
         std::shared_ptr<DevToolsConnection> connection;
-        HRESULT result = BrowserProcess::start(process);
+        HRESULT result = BrowserProcess::start(scale, process);
         if (SUCCEEDED(result)) {
             connection = DevToolsConnection::open(queue, process->port(), process->endpoint());
             if (!connection) result = HRESULT_FROM_WIN32(ERROR_CONNECTION_REFUSED);

@@ -6,8 +6,8 @@
 #include <functional>
 #include <optional>
 
-#include "input_queue.h"
 #include "display_scale.h"
+#include "input_queue.h"
 
 namespace ravelin::browser {
 

@@ -185,10 +185,10 @@ void Page::execute(const std::string& script, TextDone done) {
 
 namespace {
 
-// A size as the engine tells it to the page: pixels that are cut are counted whole.
+// The protocol takes whole pixels of the page. What is cut stays blank at the window's edge.
 int pageSize(long pixels, double ratio) {
-    const double whole = ratio > 1.0 ? static_cast<double>(pixels) + 1.0 : pixels;
-    return std::max(1, static_cast<int>(whole / ratio));
+    constexpr double inexact = 1e-6;
+    return std::max(1, static_cast<int>(static_cast<double>(pixels) / ratio + inexact));
 }
 
 int pagePlace(long pixels, double ratio) {
@@ -202,16 +202,15 @@ void Page::resize(const PagePlace& place, double ratio) {
     const int screenWidth = pageSize(place.screen.cx, ratio);
     const int screenHeight = pageSize(place.screen.cy, ratio);
     // The protocol refuses a place that is not on the screen; tellPlace says the true one.
-    connection_->send(
-        "Emulation.setDeviceMetricsOverride",
-        {{"width", pageSize(place.size.cx, ratio)},
-         {"height", pageSize(place.size.cy, ratio)},
-         {"positionX", std::clamp(static_cast<int>(corner_->x), 0, screenWidth - 1)},
-         {"positionY", std::clamp(static_cast<int>(corner_->y), 0, screenHeight - 1)},
-         {"screenWidth", screenWidth},
-         {"screenHeight", screenHeight},
-         {"deviceScaleFactor", ratio},
-         {"mobile", false}});
+    connection_->send("Emulation.setDeviceMetricsOverride",
+                      {{"width", pageSize(place.size.cx, ratio)},
+                       {"height", pageSize(place.size.cy, ratio)},
+                       {"positionX", std::clamp(static_cast<int>(corner_->x), 0, screenWidth - 1)},
+                       {"positionY", std::clamp(static_cast<int>(corner_->y), 0, screenHeight - 1)},
+                       {"screenWidth", screenWidth},
+                       {"screenHeight", screenHeight},
+                       {"deviceScaleFactor", ratio},
+                       {"mobile", false}});
     tellPlace();
 }
 
@@ -249,9 +248,9 @@ void Page::setVisible(bool visible) {
 
 void Page::applyVisible() {
     if (!window_) return;
-    connection_->send("Browser.setWindowBounds",
-                      {{"windowId", *window_},
-                       {"bounds", {{"windowState", visible_ ? "normal" : "minimized"}}}});
+    connection_->send(
+        "Browser.setWindowBounds",
+        {{"windowId", *window_}, {"bounds", {{"windowState", visible_ ? "normal" : "minimized"}}}});
 }
 
 void Page::input(const std::string& method, Json parameters, Done taken) {
