@@ -7,6 +7,7 @@ import './cases/mouse_cases.mjs';
 import './cases/keyboard_cases.mjs';
 import './cases/scale_cases.mjs';
 import './cases/presence_cases.mjs';
+import './cases/recorder_cases.mjs';
 import './cases/process_cases.mjs';
 import './cases/ending_cases.mjs';
 

@@ -129,6 +129,41 @@ void focusView(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
 }
 
+// flash() moves the window away, takes its frame and hides it, and undoes it all at once.
+void flash(const char* id, const char*, void* view) {
+    auto* window = static_cast<HWND>(library.nativeHandle(view, 0));
+    constexpr UINT keep = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
+    RECT place{};
+    GetWindowRect(window, &place);
+    SetWindowPos(window, nullptr, 700, 600, 0, 0, keep);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    SetWindowLongPtrW(window, GWL_STYLE,
+                      (style & ~static_cast<LONG_PTR>(WS_CAPTION)) |
+                          static_cast<LONG_PTR>(static_cast<LONG>(WS_POPUP)));
+    ShowWindow(window, SW_HIDE);
+    SetWindowLongPtrW(window, GWL_STYLE, style & ~static_cast<LONG_PTR>(WS_VISIBLE));
+    ShowWindow(window, SW_SHOWNA);
+    SetWindowPos(window, nullptr, place.left, place.top, 0, 0, keep);
+    library.resolve(view, id, 0, "");
+}
+
+// cloak(on) cloaks the window or lifts its cloak; answers with what the system says of it then.
+void cloak(const char* id, const char* arguments, void* view) {
+    using Set = HRESULT(WINAPI*)(HWND, DWORD, LPCVOID, DWORD);
+    using Get = HRESULT(WINAPI*)(HWND, DWORD, PVOID, DWORD);
+    const HMODULE composition =
+        LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const auto find = [composition](const char* name) {
+        return reinterpret_cast<void*>(GetProcAddress(composition, name));
+    };
+    auto* window = static_cast<HWND>(library.nativeHandle(view, 0));
+    const BOOL on = std::string_view(arguments) == "[true]" ? TRUE : FALSE;
+    DWORD cloaked = 99;
+    reinterpret_cast<Set>(find("DwmSetWindowAttribute"))(window, 13, &on, sizeof on);
+    reinterpret_cast<Get>(find("DwmGetWindowAttribute"))(window, 14, &cloaked, sizeof cloaked);
+    library.resolve(view, id, 0, std::to_string(cloaked).c_str());
+}
+
 void closeHost(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
     library.terminate(view);
@@ -159,6 +194,8 @@ Webview openView(const std::string& title, int width, int height) {
     library.bind(view, "tellMove", tellMove, view);
     library.bind(view, "focusWindow", focusWindow, view);
     library.bind(view, "focusView", focusView, view);
+    library.bind(view, "flash", flash, view);
+    library.bind(view, "cloak", cloak, view);
     library.bind(view, "closeHost", closeHost, view);
     library.init(view, "window.initRan = document.readyState");
     return view;

@@ -5,6 +5,7 @@
 #include <thread>
 #include <utility>
 
+#include "../recorder/window_log.h"
 #include "cursor.h"
 #include "devtools_file.h"
 #include "log.h"
@@ -155,6 +156,7 @@ void EmbeddedBrowser::startScreencast(int round, int attempts) {
 
 void EmbeddedBrowser::takeFrame(Frame frame, int number) {
     if (!screen_) return;
+    if (!framesCame_) recorder::record(GetAncestor(parent_, GA_ROOT), "frame");
     framesCame_ = true;
     if (!frame.pixels.empty()) screen_->present(std::move(frame));
     // Only now may the next frame come, so a slow screen slows the page and not the queue.
