@@ -41,6 +41,11 @@ end_to_end_tests() {
 }
 foreign_name_tests() { tests/wine/foreign_names.sh tests/e2e/{restart,macro,panels}_test.mjs; }
 
+# What depends on places and sizes, once more where a pixel of the page is not one of the screen.
+scaled_end_to_end_tests() {
+    tests/wine/scaled_desktop.sh 150 tests/e2e/{window_place,panels,opening}_test.mjs
+}
+
 rm -rf "$BUILD/screenshots/failures"
 must 'install' scripts/install.sh
 # One display and one desktop for the whole run.
@@ -57,7 +62,7 @@ step 'host programs' host_programs
 beside 'wine prefixes' tests/wine/create_prefixes.sh
 step 'windows program' build_windows
 join
-for name in 'wine desktop' 'browser tests' 'unit tests (wine)' 'windows tests' 'end-to-end tests'; do
+for name in 'wine desktop' 'browser tests' 'unit tests (wine)' 'windows tests' 'end-to-end tests' 'end-to-end tests, 150 %'; do
     if wanted "$name"; then
         run_step 'wine desktop' start_prefix || true
         break
@@ -72,5 +77,6 @@ join
 step 'end-to-end tests' end_to_end_tests
 step 'end-to-end tests, foreign names' foreign_name_tests
 step 'end-to-end tests, two monitors' tests/wine/two_monitors.sh
+step 'end-to-end tests, 150 %' scaled_end_to_end_tests
 ! wanted 'format' || run_format_step
 summary

@@ -1,7 +1,7 @@
 // Panels in windows of their own: torn off, acting on the engine, dragged, docked and ended.
 import assert from 'node:assert/strict';
 import test, { after, afterEach, before } from 'node:test';
-import { clicker, detachByButton, ending, grab, hidden, keySpammer, macro, panelPage, shown, titlePlace, untilGone } from './lib/panels.mjs';
+import { clicker, detachByButton, ending, grab, hidden, keySpammer, macro, panelPage, physicalBox, shown, titlePlace, untilGone } from './lib/panels.mjs';
 import { dragWindow, dropWindow, moveOverPage } from './lib/pointer.mjs';
 import { Ravelin, windowTitle } from './lib/ravelin.mjs';
 import { Witness } from './lib/witness.mjs';
@@ -42,15 +42,15 @@ const settingsIn = (of) => of.evaluate(() => window.getSettings());
 
 test('the button of a panel puts it into a window of its own, which shows it alone, once', async () => {
     const button = page.getByRole('button', { name: 'Show Auto clicker in a window of its own' });
-    const place = await button.boundingBox();
+    const place = await physicalBox(page, button);
     const child = await detachByButton(ravelin, clicker);
     assert.equal(await child.locator('.panel:visible').count(), 1);
     const fitting = await until(async () => {
-        const inner = await child.locator('#panel-spammer').boundingBox();
+        const inner = await physicalBox(child, child.locator('#panel-spammer'));
         const state = await windowState(clicker.window);
         return Math.abs(state.height - inner.height) <= 4 && state;
     }, 'the window to fit its panel');
-    const corner = await page.evaluate(() => ({ x: screenX, y: screenY }));
+    const corner = await page.evaluate(() => ({ x: screenX * devicePixelRatio, y: screenY * devicePixelRatio }));
     const pressed = { x: corner.x + place.x + place.width / 2, y: corner.y + place.y + place.height / 2 };
     assert.ok(Math.abs(fitting.left + 150 - pressed.x) <= 2 && Math.abs(fitting.top + 20 - pressed.y) <= 2, JSON.stringify(fitting));
     await painted(child);

@@ -24,6 +24,15 @@ for file in EmbeddedBrowserWebView.dll browser_keeper.sh run_below_wine.exe; do
     mv "$folder/EBWebView/x64/.$file.new" "$folder/EBWebView/x64/$file"
 done
 
+# In place of Wine's, so that tests see what becomes of cloaks.
+if ! cmp -s "$built/dwmapi.dll" "$prefix/drive_c/windows/system32/dwmapi.dll"; then
+    cp "$built/dwmapi.dll" "$prefix/drive_c/windows/system32/.dwmapi.new"
+    mv "$prefix/drive_c/windows/system32/.dwmapi.new" "$prefix/drive_c/windows/system32/dwmapi.dll"
+fi
+if ! grep -qs '^"dwmapi"="native,builtin"' "$prefix/user.reg"; then
+    WINEPREFIX=$prefix WINEDEBUG=-all wine reg add 'HKCU\Software\Wine\DllOverrides' /f \
+        /v dwmapi /d native,builtin >/dev/null
+fi
 if ! grep -qsF "ravelin-test-runtime\\\\$version" "$prefix/system.reg"; then
     WINEPREFIX=$prefix WINEDEBUG=-all wine reg add "$key" /reg:32 /f \
         /v EBWebView /d "C:\\ravelin-test-runtime\\$version" >/dev/null

@@ -5,6 +5,9 @@ import { runTests } from './lib/harness.mjs';
 import './cases/page_cases.mjs';
 import './cases/mouse_cases.mjs';
 import './cases/keyboard_cases.mjs';
+import './cases/scale_cases.mjs';
+import './cases/presence_cases.mjs';
+import './cases/recorder_cases.mjs';
 import './cases/process_cases.mjs';
 import './cases/ending_cases.mjs';
 

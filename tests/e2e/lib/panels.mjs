@@ -11,6 +11,13 @@ const inPage = (page, panel) => page.locator(`#${panel.id}:not(.sortable-drag)`)
 export const shown = (page, panel) => inPage(page, panel).waitFor({ state: 'visible' });
 export const hidden = (page, panel) => inPage(page, panel).waitFor({ state: 'hidden' });
 
+/** The element's box in pixels of the screen, counted from the corner of its window's content. */
+export async function physicalBox(page, element) {
+    const box = await element.boundingBox();
+    const ratio = await page.evaluate(() => devicePixelRatio);
+    return Object.fromEntries(Object.entries(box).map(([name, size]) => [name, size * ratio]));
+}
+
 /** Detaches the panel with its button and gives the page of its window. */
 export async function detachByButton(ravelin, panel) {
     const page = await ravelin.page();
@@ -26,7 +33,8 @@ export async function panelPage(ravelin, panel) {
     await inside.waitFor();
     await until(async () => {
         const state = await windowState(panel.window);
-        return state && !state.frame && Math.abs(state.height - (await inside.boundingBox()).height) <= 4;
+        const box = await physicalBox(page, inside);
+        return state && !state.frame && Math.abs(state.height - box.height) <= 4;
     }, `"${panel.window}" to fit its panel`);
     return page;
 }
@@ -44,13 +52,13 @@ export async function ending(deed) {
 
 /** Where on the screen the title of the panel is, in the window of that title. */
 export async function titlePlace(page, panel, windowTitle) {
-    const box = await page.locator(`#${panel.id} .title`).boundingBox();
-    const inner = await page.evaluate(() => ({ width: innerWidth, height: innerHeight }));
+    const box = await physicalBox(page, page.locator(`#${panel.id} .title`));
+    const inner = await page.evaluate(() => ({ width: innerWidth * devicePixelRatio, height: innerHeight * devicePixelRatio }));
     const frame = await windowState(windowTitle);
     const border = Math.round((frame.width - inner.width) / 2);
     return {
         x: frame.left + border + Math.round(box.x + 20),
-        y: frame.top + frame.height - inner.height - border + Math.round(box.y + box.height / 2),
+        y: frame.top + Math.round(frame.height - inner.height - border + box.y + box.height / 2),
     };
 }
 

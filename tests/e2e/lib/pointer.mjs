@@ -31,7 +31,9 @@ export async function moveOverPage(page, ...points) {
         const { x: oldX, y: oldY } = await pointerPlace();
         if (x === oldX && y === oldY) continue;
         await xdotool('mousemove', x, y);
-        await until(() => page.evaluate(([left, top]) => window.pointerSeen[0] === left && window.pointerSeen[1] === top, [x, y]), `the page to see the pointer at ${x}, ${y}`);
+        // A pixel of the page may be more than one of the screen.
+        const seen = ([left, top]) => window.pointerSeen.length > 0 && [left, top].every((at, i) => Math.abs(at - window.pointerSeen[i] * devicePixelRatio) < Math.max(1, devicePixelRatio + 0.5));
+        await until(() => page.evaluate(seen, [x, y]), `the page to see the pointer at ${x}, ${y}`);
     }
 }
 

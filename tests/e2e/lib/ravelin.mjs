@@ -1,7 +1,7 @@
 // The real program on the virtual desktop, with its real page.
 import { mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
-import { chromium } from 'playwright-core';
+import { attachTo } from './attach.mjs';
 import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, toolFolder, until, within } from './wine.mjs';
 import { windowTool } from './windows.mjs';
 
@@ -82,9 +82,8 @@ export class Ravelin {
     /** The page of the view that fits. */
     async attach(fits) {
         const view = await until(() => this.views().find(fits), 'the debugging port');
-        const browser = await chromium.connectOverCDP(`http://127.0.0.1:${view.port}`);
+        const { browser, page } = await attachTo(view.port);
         this.browsers.push(browser);
-        const page = browser.contexts()[0].pages()[0];
         page.setDefaultTimeout(20_000);
         return page;
     }

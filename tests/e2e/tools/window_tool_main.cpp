@@ -2,6 +2,10 @@
 //
 //   window_tool.exe stay FILE            stays on the desktop, unseen; writes "ready" into the file
 //   window_tool.exe hold NAME            holds the named mutex, prints "ready" and stays
+//   window_tool.exe hook DLL FILE        lets the recorder's DLL see the messages of every program
+//   on
+//                                        the desktop for as long as it runs; writes "ready" into
+//                                        the file
 //   window_tool.exe list                 one line a visible window: its title
 //   window_tool.exe state TITLE          one line of JSON about the window, once its thread is at
 //                                        rest from what it was doing when it was looked at
@@ -109,11 +113,14 @@ void printState(HWND window) {
     awaitItsThread(window);
     std::printf(
         "{\"left\":%ld,\"top\":%ld,\"width\":%ld,\"height\":%ld,\"minimized\":%s,\"maximized\":%s,"
-        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s,\"holdsMouse\":%s,\"showsMenu\":%s}\n",
+        "\"foreground\":%s,\"topmost\":%s,\"frame\":%s,\"holdsMouse\":%s,\"showsMenu\":%s,"
+        "\"cloaked\":%s}\n",
         r.left, r.top, r.right - r.left, r.bottom - r.top, truth(IsIconic(window)),
         truth(IsZoomed(window)), truth(GetForegroundWindow() == window),
         truth((extended & WS_EX_TOPMOST) != 0), truth((style & WS_CAPTION) == WS_CAPTION),
-        truth(info.hwndCapture == window), truth(info.hwndMenuOwner != nullptr));
+        truth(info.hwndCapture == window), truth(info.hwndMenuOwner != nullptr),
+        // Noted by the library that the tests have in place of the system's.
+        truth(GetPropW(window, L"RavelinTestCloaked") != nullptr));
 }
 
 int number(const wchar_t* text) {
@@ -216,10 +223,7 @@ int hold(const wchar_t* name) {
     return 0;
 }
 
-int stay(const wchar_t* noteFile) {
-    if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
-                        nullptr) == nullptr)
-        return 2;
+int sayReadyAndStay(const wchar_t* noteFile) {
     std::FILE* const note = _wfopen(noteFile, L"wb");
     if (note == nullptr) return 2;
     std::fputs("ready\n", note);
@@ -230,9 +234,32 @@ int stay(const wchar_t* noteFile) {
     return 0;
 }
 
+int stay(const wchar_t* noteFile) {
+    if (CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr,
+                        nullptr) == nullptr)
+        return 2;
+    return sayReadyAndStay(noteFile);
+}
+
+bool setHook(HMODULE library, int kind, const char* function) {
+    const auto procedure =
+        reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(GetProcAddress(library, function)));
+    return procedure != nullptr && SetWindowsHookExW(kind, procedure, library, 0) != nullptr;
+}
+
+int hook(const wchar_t* path, const wchar_t* noteFile) {
+    const HMODULE library = LoadLibraryW(path);
+    if (library == nullptr || !setHook(library, WH_CALLWNDPROC, "seeMessage") ||
+        !setHook(library, WH_CALLWNDPROCRET, "seeAnswer"))
+        return 2;
+    return sayReadyAndStay(noteFile);
+}
+
 }  // namespace
 
 int main() {
+    // In pixels of the screen, whatever the scale.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count < 2) return 2;
@@ -243,6 +270,7 @@ int main() {
     }
     if (count < 3) return 2;
     if (command == L"stay") return stay(arguments[2]);
+    if (command == L"hook" && count > 3) return hook(arguments[2], arguments[3]);
     if (command == L"hold") return hold(arguments[2]);
     Search search{arguments[2], nullptr};
     EnumWindows(match, reinterpret_cast<LPARAM>(&search));

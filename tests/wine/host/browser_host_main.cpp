@@ -14,11 +14,13 @@
 #include <string>
 #include <string_view>
 
+#include "../runtime/view_interface.h"
 #include "application_settings.h"
 #include "webview_library.h"
 
 namespace {
 
+using ravelin::browser::ICoreWebView2Controller;
 using ravelin::browser_host::Webview;
 using ravelin::browser_host::WebviewLibrary;
 
@@ -98,6 +100,70 @@ void grabMouse(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
 }
 
+constexpr int controllerKind = 2;
+
+ICoreWebView2Controller* controllerOf(void* view) {
+    return static_cast<ICoreWebView2Controller*>(library.nativeHandle(view, controllerKind));
+}
+
+// setVisible(on) shows or hides the view, whatever its window does.
+void setVisible(const char* id, const char* arguments, void* view) {
+    controllerOf(view)->put_IsVisible(std::string_view(arguments) == "[true]" ? TRUE : FALSE);
+    library.resolve(view, id, 0, "");
+}
+
+// tellMove() tells the view that its window has moved.
+void tellMove(const char* id, const char*, void* view) {
+    controllerOf(view)->NotifyParentWindowPositionChanged();
+    library.resolve(view, id, 0, "");
+}
+
+// focusWindow() gives the keyboard to the window around the view, focusView() to the view.
+void focusWindow(const char* id, const char*, void* view) {
+    SetFocus(static_cast<HWND>(library.nativeHandle(view, 0)));
+    library.resolve(view, id, 0, "");
+}
+
+void focusView(const char* id, const char*, void* view) {
+    controllerOf(view)->MoveFocus(0);
+    library.resolve(view, id, 0, "");
+}
+
+// flash() moves the window away, takes its frame and hides it, and undoes it all at once.
+void flash(const char* id, const char*, void* view) {
+    auto* window = static_cast<HWND>(library.nativeHandle(view, 0));
+    constexpr UINT keep = SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
+    RECT place{};
+    GetWindowRect(window, &place);
+    SetWindowPos(window, nullptr, 700, 600, 0, 0, keep);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    SetWindowLongPtrW(window, GWL_STYLE,
+                      (style & ~static_cast<LONG_PTR>(WS_CAPTION)) |
+                          static_cast<LONG_PTR>(static_cast<LONG>(WS_POPUP)));
+    ShowWindow(window, SW_HIDE);
+    SetWindowLongPtrW(window, GWL_STYLE, style & ~static_cast<LONG_PTR>(WS_VISIBLE));
+    ShowWindow(window, SW_SHOWNA);
+    SetWindowPos(window, nullptr, place.left, place.top, 0, 0, keep);
+    library.resolve(view, id, 0, "");
+}
+
+// cloak(on) cloaks the window or lifts its cloak; answers with what the system says of it then.
+void cloak(const char* id, const char* arguments, void* view) {
+    using Set = HRESULT(WINAPI*)(HWND, DWORD, LPCVOID, DWORD);
+    using Get = HRESULT(WINAPI*)(HWND, DWORD, PVOID, DWORD);
+    const HMODULE composition =
+        LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const auto find = [composition](const char* name) {
+        return reinterpret_cast<void*>(GetProcAddress(composition, name));
+    };
+    auto* window = static_cast<HWND>(library.nativeHandle(view, 0));
+    const BOOL on = std::string_view(arguments) == "[true]" ? TRUE : FALSE;
+    DWORD cloaked = 99;
+    reinterpret_cast<Set>(find("DwmSetWindowAttribute"))(window, 13, &on, sizeof on);
+    reinterpret_cast<Get>(find("DwmGetWindowAttribute"))(window, 14, &cloaked, sizeof cloaked);
+    library.resolve(view, id, 0, std::to_string(cloaked).c_str());
+}
+
 void closeHost(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
     library.terminate(view);
@@ -124,6 +190,12 @@ Webview openView(const std::string& title, int width, int height) {
     library.bind(view, "bindLate", bindLate, view);
     library.bind(view, "unbindLate", unbindLate, view);
     library.bind(view, "grabMouse", grabMouse, view);
+    library.bind(view, "setVisible", setVisible, view);
+    library.bind(view, "tellMove", tellMove, view);
+    library.bind(view, "focusWindow", focusWindow, view);
+    library.bind(view, "focusView", focusView, view);
+    library.bind(view, "flash", flash, view);
+    library.bind(view, "cloak", cloak, view);
     library.bind(view, "closeHost", closeHost, view);
     library.init(view, "window.initRan = document.readyState");
     return view;
@@ -155,7 +227,6 @@ int main(int count, char** values) {
         say("no view");
         return 4;
     }
-    constexpr int controllerKind = 2;
     if (application) {
         const bool done = ravelin::browser_host::useApplicationSettings(
             library.nativeHandle(view, controllerKind));

@@ -2,7 +2,7 @@
 import { existsSync, mkdirSync, mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import path from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { chromium } from 'playwright-core';
+import { attachTo } from '../../e2e/lib/attach.mjs';
 import { runToEnd, scratch, start, textOf, toolFolder, until, windowsPath, within, xdotool } from '../../e2e/lib/wine.mjs';
 import { windowTool } from '../../e2e/lib/windows.mjs';
 import { atEnd } from './harness.mjs';
@@ -18,8 +18,7 @@ export function pageText(name) {
 
 /** Attaches a test program to a view that was published. */
 export async function attach(view) {
-    const browser = await chromium.connectOverCDP(`http://127.0.0.1:${view.port}`);
-    return { browser, page: browser.contexts()[0].pages()[0] };
+    return await attachTo(view.port);
 }
 
 export class BrowserHost {

@@ -1,12 +1,13 @@
 #!/bin/bash
 # Keeps one headless Chromium alive for as long as a host process wants it.
 #
-#   browser_keeper.sh PORT
+#   browser_keeper.sh PORT SCALE
 #
-# The host listens on the loopback port; the connection to it is the life line. What Chromium says
-# goes over it to the host, headed by "profile FOLDER" and closed by "ended STATUS". The host may
-# send "remove PATH" for a file that is to vanish with the browser. When the connection breaks (the
-# view was closed, or the host ended in whatever way), Chromium ends and its profile is deleted.
+# SCALE is how many pixels of its pictures there are for one of a page's. The host listens on the
+# loopback port; the connection to it is the life line. What Chromium says goes over it to the host,
+# headed by "profile FOLDER" and closed by "ended STATUS". The host may send "remove PATH" for a file
+# that is to vanish with the browser. When the connection breaks (the view was closed, or the host
+# ended in whatever way), Chromium ends and its profile is deleted.
 exec 3<>"/dev/tcp/127.0.0.1/$1" || exit 1
 exec </dev/null >/dev/null 2>&1
 # Whatever else the host's own parents left open, a pipe above all, must not stay open with the
@@ -35,10 +36,8 @@ flags=(
     --disable-component-update --disable-default-apps --disable-extensions --disable-quic
     --disable-breakpad --disable-crash-reporter --disable-dev-shm-usage --disable-domain-reliability
     --disable-features=Translate,MediaRouter,OptimizationHints --disable-popup-blocking
-    --disable-background-timer-throttling --disable-backgrounding-occluded-windows
-    --disable-renderer-backgrounding --hide-scrollbars --force-device-scale-factor=1
-    --force-color-profile=srgb --password-store=basic --use-mock-keychain --metrics-recording-only
-    --log-level=3 about:blank
+    "--force-device-scale-factor=$2" --force-color-profile=srgb --password-store=basic
+    --use-mock-keychain --metrics-recording-only --log-level=3 about:blank
 )
 # A session of its own, so that one signal reaches every process of this browser; temporary files
 # go into the profile and so away with it.

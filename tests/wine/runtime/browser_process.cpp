@@ -22,7 +22,7 @@ bool startsWith(std::string_view text, std::string_view head) {
 
 }  // namespace
 
-bool BrowserProcess::launchKeeper() const {
+bool BrowserProcess::launchKeeper(double scale) const {
     const std::string script = toUnixPath(moduleFolder() + L"\\browser_keeper.sh");
     if (script.empty()) {
         logLine("this runtime works under Wine only");
@@ -30,7 +30,8 @@ bool BrowserProcess::launchKeeper() const {
     }
     const std::wstring launcher = moduleFolder() + L"\\run_below_wine.exe";
     std::wstring command = L'"' + launcher + L'"' +
-                           toWide(" /bin/bash \"" + script + "\" " + std::to_string(line_->port()));
+                           toWide(" /bin/bash \"" + script + "\" " + std::to_string(line_->port()) +
+                                  " " + std::to_string(scale));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
@@ -70,13 +71,13 @@ void BrowserProcess::logOutput(const std::shared_ptr<LifeLine>& line) {
     }
 }
 
-HRESULT BrowserProcess::start(std::shared_ptr<BrowserProcess>& started) {
+HRESULT BrowserProcess::start(double scale, std::shared_ptr<BrowserProcess>& started) {
     const std::shared_ptr<BrowserProcess> made(new BrowserProcess);
     if (made->line_->port() == 0) {
         logLine("cannot listen on a loopback port");
         return E_FAIL;
     }
-    if (!made->launchKeeper()) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    if (!made->launchKeeper(scale)) return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
     if (!made->line_->accept(connectLimit)) {
         logLine("the browser's keeper did not connect");
         return HRESULT_FROM_WIN32(ERROR_TIMEOUT);

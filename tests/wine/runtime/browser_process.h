@@ -14,9 +14,9 @@ namespace ravelin::browser {
 
 class BrowserProcess {
   public:
-    // Starts a browser and waits until it can be spoken to. Blocks; S_OK, or why it failed with the
-    // details in the log.
-    static HRESULT start(std::shared_ptr<BrowserProcess>& started);
+    // Starts a browser whose pictures have `scale` pixels for one of a page's, and waits until it
+    // can be spoken to. Blocks; S_OK, or why it failed with the details in the log.
+    static HRESULT start(double scale, std::shared_ptr<BrowserProcess>& started);
 
     ~BrowserProcess() { end(); }
     BrowserProcess(const BrowserProcess&) = delete;
@@ -34,7 +34,7 @@ class BrowserProcess {
 
   private:
     BrowserProcess() = default;
-    bool launchKeeper() const;
+    bool launchKeeper(double scale) const;
     HRESULT awaitEndpoint();
     static void logOutput(const std::shared_ptr<LifeLine>& line);
 

@@ -22,7 +22,6 @@ HRESULT STDMETHODCALLTYPE Controller::get_Bounds(RECT* bounds) {
 }
 
 HRESULT STDMETHODCALLTYPE Controller::put_Bounds(RECT bounds) {
-    if (EqualRect(&bounds, &bounds_) != 0) return S_OK;
     bounds_ = bounds;
     browser_->place(bounds);
     return S_OK;
@@ -58,6 +57,11 @@ HRESULT STDMETHODCALLTYPE Controller::get_ParentWindow(HWND* parent) {
 
 HRESULT STDMETHODCALLTYPE Controller::put_ParentWindow(HWND parent) {
     browser_->moveTo(parent);
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE Controller::NotifyParentWindowPositionChanged() {
+    browser_->followMove();
     return S_OK;
 }
 

@@ -24,7 +24,7 @@ class Controller final : public ComObject<ICoreWebView2Controller, iidController
     HRESULT STDMETHODCALLTYPE MoveFocus(int reason) override;
     HRESULT STDMETHODCALLTYPE get_ParentWindow(HWND* parent) override;
     HRESULT STDMETHODCALLTYPE put_ParentWindow(HWND parent) override;
-    HRESULT STDMETHODCALLTYPE NotifyParentWindowPositionChanged() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE NotifyParentWindowPositionChanged() override;
     HRESULT STDMETHODCALLTYPE Close() override;
     HRESULT STDMETHODCALLTYPE get_CoreWebView2(ICoreWebView2** view) override;
 

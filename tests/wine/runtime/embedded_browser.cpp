@@ -5,6 +5,7 @@
 #include <thread>
 #include <utility>
 
+#include "../recorder/window_log.h"
 #include "cursor.h"
 #include "devtools_file.h"
 #include "log.h"
@@ -54,10 +55,10 @@ void EmbeddedBrowser::create(HWND parent, Created created) {
         queue.post([created] { created(earlierFailure, nullptr); });
         return;
     }
-    std::thread([&queue, parent, created] {
+    std::thread([&queue, parent, created, scale = displayScale(parent)] {
         std::shared_ptr<BrowserProcess> process;
         std::shared_ptr<DevToolsConnection> connection;
-        HRESULT result = BrowserProcess::start(process);
+        HRESULT result = BrowserProcess::start(scale, process);
         if (SUCCEEDED(result)) {
             connection = DevToolsConnection::open(queue, process->port(), process->endpoint());
             if (!connection) result = HRESULT_FROM_WIN32(ERROR_CONNECTION_REFUSED);
@@ -87,7 +88,7 @@ void EmbeddedBrowser::adopt(std::shared_ptr<BrowserProcess> process,
         std::make_unique<ScreenWindow>(parent_, [this](UINT message, WPARAM wide, LPARAM lng) {
             return handleMessage(message, wide, lng);
         });
-    mouse_ = std::make_unique<MouseForwarding>(screen_->handle(), *input_, zoom_);
+    mouse_ = std::make_unique<MouseForwarding>(screen_->handle(), *input_, scale_);
     keys_ = std::make_unique<KeyForwarding>(*input_);
     connectPage();
     const std::weak_ptr<EmbeddedBrowser> weak = weak_from_this();
@@ -137,7 +138,7 @@ void EmbeddedBrowser::connectPage() {
     page_->onRevived = [this] { show(true); };
     mouse_->onZoomWheel = [this](int steps) {
         if (!settings_.isZoomControlEnabled) return false;
-        setZoom(nextZoom(zoom_.factor, steps));
+        setZoom(nextZoom(scale_.zoom, steps));
         return true;
     };
     keys_->onAccelerator = [this](int key, int modifiers) {
@@ -165,6 +166,7 @@ void EmbeddedBrowser::startScreencast(int round, int attempts) {
 
 void EmbeddedBrowser::takeFrame(Frame frame, int number) {
     if (!screen_) return;
+    if (!framesCame_) recorder::record(GetAncestor(parent_, GA_ROOT), "frame");
     framesCame_ = true;
     if (!frame.pixels.empty()) screen_->present(std::move(frame));
     // Only now may the next frame come, so a slow screen slows the page and not the queue.
@@ -179,22 +181,25 @@ void EmbeddedBrowser::place(const RECT& bounds) {
 }
 
 void EmbeddedBrowser::applySize() {
-    corner_ = screen_->corner();
+    scale_.display = displayScale(parent_);
     const SIZE size{std::max(1L, bounds_.right - bounds_.left),
                     std::max(1L, bounds_.bottom - bounds_.top)};
-    const SIZE screen{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    page_->resize({corner_, size, screen}, zoom_.factor);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(parent_, MONITOR_DEFAULTTONEAREST), &monitor);
+    const SIZE screen{monitor.rcMonitor.right - monitor.rcMonitor.left,
+                      monitor.rcMonitor.bottom - monitor.rcMonitor.top};
+    page_->resize({screen_->corner(), size, screen}, scale_.ratio());
 }
 
-void EmbeddedBrowser::followMoves() {
-    if (!screen_) return;
-    const POINT now = screen_->corner();
-    if (now.x != corner_.x || now.y != corner_.y) applySize();
+void EmbeddedBrowser::followMove() {
+    if (screen_) applySize();
 }
 
 void EmbeddedBrowser::show(bool visible) {
     if (!screen_) return;
     screen_->show(visible);
+    page_->setVisible(visible);
     ++screencast_;
     framesCame_ = false;
     if (visible) {
@@ -205,7 +210,7 @@ void EmbeddedBrowser::show(bool visible) {
 }
 
 void EmbeddedBrowser::setZoom(double factor) {
-    zoom_.factor = std::clamp(factor, zoomSteps[0], 5.0);
+    scale_.zoom = std::clamp(factor, zoomSteps[0], 5.0);
     if (screen_) applySize();
 }
 
@@ -215,7 +220,9 @@ void EmbeddedBrowser::takeFocus() const {
 
 void EmbeddedBrowser::moveTo(HWND parent) {
     parent_ = parent;
-    if (screen_) SetParent(screen_->handle(), parent);
+    if (!screen_) return;
+    SetParent(screen_->handle(), parent);
+    applySize();
 }
 
 void EmbeddedBrowser::end() {
@@ -243,7 +250,7 @@ bool EmbeddedBrowser::takeAccelerator(int virtualKey, int modifiers) {
     }
     const bool larger = virtualKey == VK_OEM_PLUS || virtualKey == VK_ADD;
     const bool smaller = virtualKey == VK_OEM_MINUS || virtualKey == VK_SUBTRACT;
-    if (larger || smaller) setZoom(nextZoom(zoom_.factor, larger ? 1 : -1));
+    if (larger || smaller) setZoom(nextZoom(scale_.zoom, larger ? 1 : -1));
     return larger || smaller;
 }
 
@@ -286,8 +293,6 @@ std::optional<LRESULT> EmbeddedBrowser::handleMessage(UINT message, WPARAM wide,
         page_->setFocus(message == WM_SETFOCUS);
         return 0;
     }
-    // The host's window may have been moved, and what is pressed may ask where on the screen it is.
-    if (message == WM_LBUTTONDOWN || message == WM_KEYDOWN) followMoves();
     if (message == WM_SETCURSOR && LOWORD(lng) == HTCLIENT) {
         SetCursor(pointer_);
         return TRUE;

@@ -35,9 +35,14 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     HWND parent() const { return parent_; }
 
     void place(const RECT& bounds);
+    // The window has moved with its parents. The page learns of its new place by this call, by a
+    // place of its own or by a new size, and by nothing else.
+    void followMove();
+    // What is not shown is hidden to the page as well, and its timers are slowed down. The state of
+    // the host's window has no part in it.
     void show(bool visible);
     void setZoom(double factor);
-    double zoom() const { return zoom_.factor; }
+    double zoom() const { return scale_.zoom; }
     void takeFocus() const;
     void moveTo(HWND parent);
     // A process of the browser has ended by itself.
@@ -56,7 +61,6 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     void startScreencast(int round, int attempts);
     void takeFrame(Frame frame, int number);
     void applySize();
-    void followMoves();
     bool takeAccelerator(int virtualKey, int modifiers);
     void setPointer(const std::string& css);
     void showMenu();
@@ -68,9 +72,8 @@ class EmbeddedBrowser : public std::enable_shared_from_this<EmbeddedBrowser> {
     // Who waits for this view; nobody any more once told.
     Created created_;
     BrowserSettings settings_;
-    Zoom zoom_;
+    PageScale scale_;
     RECT bounds_{};
-    POINT corner_{};  // of the page on the screen, as the page was last told
     HCURSOR pointer_ = LoadCursorW(nullptr, IDC_ARROW);
     // Counts the starts of the screencast, so that a late retry sees that it is out of date.
     int screencast_ = 0;

@@ -79,8 +79,8 @@ std::optional<LRESULT> MouseForwarding::handle(UINT message, WPARAM wide, LPARAM
 
 Json MouseForwarding::event(const char* type, POINT at, WPARAM keys) const {
     return {{"type", type},
-            {"x", zoom_.toPage(at.x)},
-            {"y", zoom_.toPage(at.y)},
+            {"x", scale_.toPage(at.x)},
+            {"y", scale_.toPage(at.y)},
             {"modifiers", keyModifiers(keys)},
             {"buttons", buttons_},
             {"pointerType", "mouse"}};

@@ -6,15 +6,15 @@
 #include <functional>
 #include <optional>
 
+#include "display_scale.h"
 #include "input_queue.h"
-#include "zoom.h"
 
 namespace ravelin::browser {
 
 class MouseForwarding {
   public:
-    MouseForwarding(HWND window, InputQueue& input, const Zoom& zoom)
-        : window_(window), input_(input), zoom_(zoom) {}
+    MouseForwarding(HWND window, InputQueue& input, const PageScale& scale)
+        : window_(window), input_(input), scale_(scale) {}
 
     std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM lng);
     // Wheel turned with Ctrl held; answered true when that was a zoom step and no scrolling.
@@ -34,7 +34,7 @@ class MouseForwarding {
 
     HWND window_;
     InputQueue& input_;
-    const Zoom& zoom_;
+    const PageScale& scale_;
     int buttons_ = 0;
     POINT last_{};
     bool tracking_ = false;

@@ -1,6 +1,7 @@
 #include "page.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "log.h"
@@ -41,6 +42,16 @@ void Page::prepare(TextDone ready, const std::string& target) {
     connection_->send("Runtime.addBinding", {{"name", messageBinding}});
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", bridgeScript}});
     connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", screenPlaceScript}});
+    connection_->send("Page.addScriptToEvaluateOnNewDocument", {{"source", noFocusScript}});
+    connection_->send("Browser.getWindowForTarget", Json::object(),
+                      [self = shared_from_this()](const Json& result, const std::string& error) {
+                          if (!error.empty()) {
+                              logLine("the browser has no window to hide: " + error);
+                              return;
+                          }
+                          self->window_ = result.value("windowId", 0);
+                          if (!self->visible_) self->applyVisible();
+                      });
     connection_->send("Runtime.addBinding",
                       {{"name", watcherBinding}, {"executionContextName", watcherWorld}});
     connection_->send("Page.getFrameTree", Json::object(),
@@ -115,6 +126,7 @@ void Page::finish(bool success) {
     if (!navigating_) return;
     navigating_ = false;
     installWatcher();
+    tellPlace();
     tellFocus();
     if (std::exchange(crashed_, false) && onRevived) onRevived();
     if (onNavigated) onNavigated(success);
@@ -173,37 +185,74 @@ void Page::execute(const std::string& script, TextDone done) {
     });
 }
 
-void Page::resize(const PagePlace& place, double zoom) {
-    const auto scaled = [zoom](long pixels) { return static_cast<int>(pixels / zoom); };
-    // A place beyond the screen is refused.
-    const auto onScreen = [scaled](long at, long size) {
-        return scaled(std::clamp(at, 0L, size - 1));
-    };
+namespace {
+
+// The protocol takes whole pixels of the page. What is cut stays blank at the window's edge.
+int pageSize(long pixels, double ratio) {
+    constexpr double inexact = 1e-6;
+    return std::max(1, static_cast<int>(static_cast<double>(pixels) / ratio + inexact));
+}
+
+int pagePlace(long pixels, double ratio) {
+    return static_cast<int>(std::floor(static_cast<double>(pixels) / ratio));
+}
+
+}  // namespace
+
+void Page::resize(const PagePlace& place, double ratio) {
+    corner_ = POINT{pagePlace(place.corner.x, ratio), pagePlace(place.corner.y, ratio)};
+    const int screenWidth = pageSize(place.screen.cx, ratio);
+    const int screenHeight = pageSize(place.screen.cy, ratio);
+    // The protocol refuses a place that is not on the screen; tellPlace says the true one.
     connection_->send("Emulation.setDeviceMetricsOverride",
-                      {{"width", scaled(place.size.cx)},
-                       {"height", scaled(place.size.cy)},
-                       {"positionX", onScreen(place.corner.x, place.screen.cx)},
-                       {"positionY", onScreen(place.corner.y, place.screen.cy)},
-                       {"screenWidth", scaled(place.screen.cx)},
-                       {"screenHeight", scaled(place.screen.cy)},
-                       {"deviceScaleFactor", zoom},
+                      {{"width", pageSize(place.size.cx, ratio)},
+                       {"height", pageSize(place.size.cy, ratio)},
+                       {"positionX", std::clamp(static_cast<int>(corner_->x), 0, screenWidth - 1)},
+                       {"positionY", std::clamp(static_cast<int>(corner_->y), 0, screenHeight - 1)},
+                       {"screenWidth", screenWidth},
+                       {"screenHeight", screenHeight},
+                       {"deviceScaleFactor", ratio},
                        {"mobile", false}});
+    tellPlace();
+}
+
+void Page::tellPlace() {
+    if (!corner_) return;
+    const std::string call = std::string(placeScript) + "(" + std::to_string(corner_->x) + ", " +
+                             std::to_string(corner_->y) + ")";
+    connection_->send("Runtime.evaluate", {{"expression", call}});
 }
 
 void Page::setFocus(bool focused) {
     focused_ = focused;
-    if (focused && !everFocused_) {
-        everFocused_ = true;
-        connection_->send("Emulation.setFocusEmulationEnabled", {{"enabled", true}});
-    }
     whenIdle([self = shared_from_this()] { self->tellFocus(); });
 }
 
 void Page::tellFocus() {
-    // A page that never had the focus knows it by itself.
-    if (!everFocused_) return;
     const std::string call = std::string(focusScript) + (focused_ ? "(true)" : "(false)");
     connection_->send("Runtime.evaluate", {{"expression", call}});
+    if (focused_ && visible_) emulateFocus(true);
+}
+
+void Page::emulateFocus(bool on) {
+    if (emulatesFocus_ == on) return;
+    emulatesFocus_ = on;
+    connection_->send("Emulation.setFocusEmulationEnabled", {{"enabled", on}});
+}
+
+void Page::setVisible(bool visible) {
+    if (visible_ == visible) return;
+    visible_ = visible;
+    // A page whose focus is emulated counts as seen.
+    emulateFocus(visible && focused_);
+    applyVisible();
+}
+
+void Page::applyVisible() {
+    if (!window_) return;
+    connection_->send(
+        "Browser.setWindowBounds",
+        {{"windowId", *window_}, {"bounds", {{"windowState", visible_ ? "normal" : "minimized"}}}});
 }
 
 void Page::input(const std::string& method, Json parameters, Done taken) {
@@ -234,6 +283,7 @@ void Page::handleEvent(const std::string& method, const Json& parameters) {
             // The page may have gone to another document by itself.
             if (!navigating_) {
                 installWatcher();
+                tellPlace();
                 tellFocus();
             }
         }

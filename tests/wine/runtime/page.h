@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "devtools_connection.h"
@@ -50,8 +51,10 @@ class Page : public std::enable_shared_from_this<Page> {
     void whenIdle(Done work);
     bool isBusy() const;
 
-    void resize(const PagePlace& place, double zoom);
+    // `ratio` is how many pixels of the screen one of the page's takes.
+    void resize(const PagePlace& place, double ratio);
     void setFocus(bool focused);
+    void setVisible(bool visible);
     // Sends an input command; the reply comes when the page has taken the event.
     void input(const std::string& method, Json parameters, Done taken = {});
 
@@ -85,8 +88,11 @@ class Page : public std::enable_shared_from_this<Page> {
     void finish(bool success);
     void workOff();
     void installWatcher();
+    void tellPlace();
     void tellFocus();
     void crash();
+    void emulateFocus(bool on);
+    void applyVisible();
     void takeNote(const std::string& note);
 
     std::shared_ptr<DevToolsConnection> connection_;
@@ -97,7 +103,12 @@ class Page : public std::enable_shared_from_this<Page> {
     bool navigating_ = false;
     bool crashed_ = false;
     bool focused_ = false;
-    bool everFocused_ = false;
+    bool emulatesFocus_ = false;
+    bool visible_ = true;
+    // The browser's own unseen window, once known.
+    std::optional<int> window_;
+    // The page's corner on the screen as the page was last told, in its own pixels.
+    std::optional<POINT> corner_;
     // The document that the navigation waits for, and the one that was loaded last.
     std::string awaited_;
     std::string loaded_;

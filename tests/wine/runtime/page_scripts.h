@@ -32,11 +32,25 @@ inline constexpr char screenPlaceScript[] = R"js((() => {
   }
 })();)js";
 
+// Called with the place of the page on the screen, which may be beyond what the protocol takes.
+inline constexpr char placeScript[] = R"js(((x, y) => {
+  for (const [name, value] of Object.entries({ screenX: x, screenY: y, screenLeft: x, screenTop: y })) {
+    Object.defineProperty(window, name, { value, configurable: true, enumerable: true });
+  }
+}))js";
+
+// A page has no focus before it is given some, whatever a test program that is attached makes the
+// browser believe.
+inline constexpr char noFocusScript[] =
+    "Object.defineProperty(document, 'hasFocus', { value: () => false, configurable: true });";
+
 // Called with true or false when the window gets or loses the focus. The browser cannot be made to
-// forget the focus that a first click gave it, so the page is told in its stead.
+// forget the focus that a first click gave it, so the page is told in its stead. Where the browser
+// is about to take notice by itself, it tells the page itself.
 inline constexpr char focusScript[] = R"js(((focused) => {
   if (document.hasFocus() === focused) return;
   Object.defineProperty(document, 'hasFocus', { value: () => focused, configurable: true });
+  if (!Document.prototype.hasFocus.call(document)) return;
   const element = document.activeElement === document.body ? null : document.activeElement;
   const tell = (target, type, bubbles) => target?.dispatchEvent(new FocusEvent(type, { bubbles }));
   if (focused) {

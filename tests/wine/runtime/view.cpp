@@ -1,8 +1,22 @@
 #include "view.h"
 
+#include "../recorder/window_log.h"
 #include "event_arguments.h"
 
 namespace ravelin::browser {
+namespace {
+
+// Puts the page's call of its program's method, as the webview library packs it, into the record of
+// the window.
+void recordCall(HWND parent, const std::string& json) {
+    if (!recorder::isRecording()) return;
+    Json message = Json::parse(json, nullptr, false);
+    if (message.is_string()) message = Json::parse(message.get<std::string>(), nullptr, false);
+    if (!message.is_object()) return;
+    recorder::record(GetAncestor(parent, GA_ROOT), "call " + message.value("method", ""));
+}
+
+}  // namespace
 
 HRESULT unsupportedCall(const char* name) {
     logLine(std::string("not supported: ") + name);
@@ -119,6 +133,7 @@ HRESULT STDMETHODCALLTYPE View::remove_WebMessageReceived(EventRegistrationToken
 
 void View::deliverMessage(const std::string& json) {
     if (!browser_->settings().isWebMessageEnabled) return;
+    recordCall(browser_->parent(), json);
     const ComPtr<View> alive(this);
     const auto arguments = makeCom<WebMessageArguments>(browser_->page().address(), json);
     messageHandlers_.invoke(

@@ -16,12 +16,54 @@ test("shows its panel alone, in the given theme, and fits the window to it", asy
   expect(await view.page.locator(".panel:visible").count()).toBe(1);
   expect(await view.page.locator(".bar").count()).toBe(0);
   expect(await view.page.locator("#theme-select").inputValue()).toBe("daylight");
+  await fit();
   const box = (await view.page.locator("#panel-spammer").boundingBox())!;
   expect(box).toMatchObject({ x: 0, y: 0, width: 450 });
-  expect((await view.calls("resizeWindow"))[0]).toEqual([450, Math.ceil(box.height)]);
-  await view.page.setViewportSize({ width: 450, height: Math.ceil(box.height) });
+  expect((await view.calls("resizeWindow")).at(-1)).toEqual([450, Math.ceil(box.height)]);
   await view.shot("child_clicker");
 });
+
+// Does as the program does with every size that the page asks for, until it asks for no other.
+async function fit(): Promise<void> {
+  const ratio = await view.page.evaluate(() => devicePixelRatio);
+  let done = 0;
+  for (;;) {
+    await expect.poll(async () => (await view.calls("resizeWindow")).length).toBeGreaterThan(0);
+    const asked = await view.calls("resizeWindow");
+    if (asked.length === done) return;
+    done = asked.length;
+    expect(done).toBeLessThan(6);
+    const [width, height] = asked.at(-1) as [number, number];
+    const size = (pixels: number) => Math.floor(pixels / ratio + 1e-6);
+    await view.page.setViewportSize({ width: size(width), height: size(height) });
+    await twoFrames();
+  }
+}
+
+// What the new size brings about is asked for before the second frame.
+async function twoFrames(): Promise<void> {
+  await view.page.evaluate(
+    () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))),
+  );
+}
+
+test.each([1, 1.25, 1.3, 1.5, 2])(
+  "keeps its width and fits its height without a scroll bar, however often it grows, at %f",
+  async (pixelRatio) => {
+    await show("panel-spammer", "ravelin", { pixelRatio });
+    await fit();
+    for (const choice of ["Fixed point", "At the cursor", "Fixed point", "At the cursor"]) {
+      await view.page.getByText(choice, { exact: true }).click();
+      await twoFrames();
+      await fit();
+      const [width, bar, over] = await view.page.evaluate(() => {
+        const root = document.documentElement;
+        return [innerWidth, innerWidth - root.clientWidth, root.scrollHeight - innerHeight];
+      });
+      expect([width, bar, over]).toEqual([450, 0, 0]);
+    }
+  },
+);
 
 test("grows and shrinks with its content", async () => {
   await show("panel-spammer");

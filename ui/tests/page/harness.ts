@@ -21,7 +21,12 @@ export interface ViewOptions extends ProgramOptions {
 
 export function launch(): Promise<Browser> {
   const executablePath = process.env["CHROMIUM"] ?? "/usr/bin/chromium-headless-shell";
-  return chromium.launch({ executablePath, args: ["--no-sandbox", "--disable-gpu"] });
+  return chromium.launch({
+    executablePath,
+    args: ["--no-sandbox", "--disable-gpu"],
+    // As in the program's window, where they take their part of the width.
+    ignoreDefaultArgs: ["--hide-scrollbars"],
+  });
 }
 
 // The page's text as the program hands it to the view.
