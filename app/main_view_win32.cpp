@@ -161,8 +161,8 @@ WebView::Created makeMainView() {
     bindPageMethods(view, mainPageMethods(services(view, window, engineVersion)));
     const bool pageComes = showPage(view);
     keepPage(view, [&view] { showPage(view); });
-    placeAndShow(view, window);
     window->opening.allowActivation();
+    placeAndShow(view, window);
     if (pageComes && !appSettings.startMinimized) {
         window->opening.revealSoon();
     } else {

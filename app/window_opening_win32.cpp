@@ -1,6 +1,7 @@
 #include "app/window_opening_win32.h"
 
 #include "app/composition_win32.h"
+#include "app/window_subclass_win32.h"
 
 namespace ravelin {
 namespace {
@@ -29,6 +30,12 @@ WindowOpening::WindowOpening(HWND window, Activation activation) : window_(windo
     cloaked_ = true;
     if (activation == Activation::allowed) return;
     refusedWindow = window_;
+    // Showing takes the foreground before it asks the hook; the hook refuses the focus.
+    subclassWindow(window_, [](const WindowMessage& message) {
+        if (message.id == WM_WINDOWPOSCHANGING)
+            reinterpret_cast<WINDOWPOS*>(message.lParam)->flags |= SWP_NOACTIVATE;
+        return false;
+    });
     hook_ = SetWindowsHookExW(WH_CBT, refuseActivation, nullptr, GetCurrentThreadId());
 }
 
@@ -39,9 +46,11 @@ WindowOpening::~WindowOpening() {
 }
 
 void WindowOpening::allowActivation() {
+    if (refusedWindow == nullptr || refusedWindow != window_) return;
+    refusedWindow = nullptr;
+    unsubclassWindow(window_);
     if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
     hook_ = nullptr;
-    refusedWindow = nullptr;
 }
 
 void WindowOpening::reveal() {

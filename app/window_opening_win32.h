@@ -13,8 +13,8 @@ class WindowOpening {
   public:
     enum class Activation { allowed, refused };
 
-    // Cloaks the window. With `refused` it is not activated either until `allowActivation`. A null
-    // window is ignored.
+    // Cloaks the window. With `refused` it is not activated either until `allowActivation`, which
+    // must come before anybody else subclasses it. A null window is ignored.
     WindowOpening(HWND window, Activation activation);
     WindowOpening(const WindowOpening&) = delete;
     WindowOpening& operator=(const WindowOpening&) = delete;

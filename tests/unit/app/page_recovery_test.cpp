@@ -26,7 +26,7 @@ TEST(PageRecoveries, WhatTheEngineStartsAgainByItselfIsLeftToIt) {
 
 TEST(PageRecoveries, APageThatEndsAgainAndAgainIsGivenUp) {
     PageRecovery recovery;
-    for (const std::uint64_t now : {0, 20'000, 40'000})
+    for (const std::uint64_t now : {0U, 20'000U, 40'000U})
         EXPECT_EQ(recovery.judge(page, now), Recovery::showPageAgain) << now;
     EXPECT_EQ(recovery.judge(page, 59'999), Recovery::giveUp);
 }
