@@ -1,7 +1,6 @@
 // Screens and texts that are larger than usual: the page counts in its own pixels, the window in those of the screen.
 import assert from 'node:assert/strict';
 import { runToEnd, until } from '../../e2e/lib/wine.mjs';
-import { windowTool } from '../../e2e/lib/windows.mjs';
 import { attach, BrowserHost, pageText } from '../lib/browser_host.mjs';
 import { atEnd, test } from '../lib/harness.mjs';
 
@@ -35,7 +34,7 @@ for (const [display, text] of [[100, 100], [125, 100], [150, 100], [200, 100], [
         const holds = (...pairs) => pairs.every(([size, pixels]) => near(size, pixels / ratio));
         assert.ok(same(seen.ratio, ratio), `${seen.ratio}`);
         assert.ok(holds([seen.width, host.place.width], [seen.height, host.place.height], [seen.screen[0], 1280], [seen.screen[1], 1000]), JSON.stringify(seen));
-        await browser.close();
+        atEnd(() => browser.close());
 
         const physical = (size) => Math.round(size * ratio);
         await until(async () => (await host.colour(physical(60), physical(140))) === '#ff0001', 'the red box');
@@ -51,7 +50,7 @@ for (const [display, text] of [[100, 100], [125, 100], [150, 100], [200, 100], [
         await host.reported('pointermove', (x, y) => Math.abs(x - 60) < 1 && Math.abs(y - 140) < 1);
 
         host.forget();
-        await windowTool('move', host.title, 30, 40, 940, 780);
+        await page.evaluate(() => enlarge());
         const [, width, height, now] = await host.reported('size', (w) => w > seen.width);
         host.place = (await host.reported('place', (place) => place.width > 900))[1];
         assert.ok(same(now, ratio), `${now}`);

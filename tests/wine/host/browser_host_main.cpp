@@ -118,6 +118,13 @@ void tellMove(const char* id, const char*, void* view) {
     library.resolve(view, id, 0, "");
 }
 
+// enlarge() makes the window much larger, in pixels of the screen.
+void enlarge(const char* id, const char*, void* view) {
+    SetWindowPos(static_cast<HWND>(library.nativeHandle(view, 0)), nullptr, 30, 40, 940, 780,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    library.resolve(view, id, 0, "");
+}
+
 // focusWindow() gives the keyboard to the window around the view, focusView() to the view.
 void focusWindow(const char* id, const char*, void* view) {
     SetFocus(static_cast<HWND>(library.nativeHandle(view, 0)));
@@ -192,6 +199,7 @@ Webview openView(const std::string& title, int width, int height) {
     library.bind(view, "grabMouse", grabMouse, view);
     library.bind(view, "setVisible", setVisible, view);
     library.bind(view, "tellMove", tellMove, view);
+    library.bind(view, "enlarge", enlarge, view);
     library.bind(view, "focusWindow", focusWindow, view);
     library.bind(view, "focusView", focusView, view);
     library.bind(view, "flash", flash, view);
