@@ -76,7 +76,7 @@ describe("the built page", () => {
 
   test("ends its body once, where a script can be put in front", () => {
     expect(html.split("</body>")).toHaveLength(2);
-    expect(html.split("</script>")).toHaveLength(3);
+    expect(html.split("</script>")).toHaveLength(4);
   });
 
   test("stays below 600 kB, its vendor script included, which can stand inside a script element", () => {
