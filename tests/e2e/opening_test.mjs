@@ -34,7 +34,7 @@ const place = ({ left, top, width, height }) => [left, top, width, height];
 test('the main window is seen once it stands in its place with its page painted', async () => {
     await open({ windowX: 210, windowY: 130, windowWidth: 640, windowHeight: 520, windowMaximized: 0 });
     await lifted(windowTitle);
-    log.inOrder(windowTitle, 'create', 'cloak 1', 'show 1', 'place 210 130 850 650', 'frame', 'call pagePainted', 'cloak 0');
+    log.inOrder(windowTitle, 'create', 'cloak 1', 'show 1', 'place 210 130 850 650', 'call pagePainted', 'cloak 0');
     const seen = log.seen(windowTitle);
     assert.deepEqual(place(seen[0]), [210, 130, 640, 520]);
     assert.equal(seen.length, 1, JSON.stringify(seen));
@@ -62,7 +62,8 @@ test('a start that is minimised leaves the foreground where it is, and shows not
         assert.equal((await windowState(witness.title)).foreground, true);
         await windowTool('restore', windowTitle);
         await untilWindow(windowTitle, ({ minimized }) => !minimized);
-        assert.deepEqual(place(log.seen(windowTitle)[0]), [90, 100, 600, 500]);
+        // On its way there it may still stand where minimised windows do.
+        assert.deepEqual(place(log.seen(windowTitle).at(-1)), [90, 100, 600, 500]);
     } finally {
         await witness.close();
     }
@@ -91,7 +92,8 @@ test('a page that never tells that it is painted is seen after a while', async (
     clearDataFolder();
     const run = start(windowsPath(path.join(folder, 'Ravelin.exe')), [], { env: log.env });
     try {
-        await lifted(windowTitle);
+        await untilWindow(windowTitle, ({ cloaked }) => cloaked);
+        await untilWindow(windowTitle, ({ cloaked }) => !cloaked);
         assert.ok(!log.of(windowTitle).some(({ text }) => text === 'call pagePainted'));
         assert.equal(log.seen(windowTitle).length, 1);
     } finally {

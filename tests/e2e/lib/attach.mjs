@@ -1,15 +1,20 @@
 // Attaching a test to a page through the engine's debugging port.
 import { chromium } from 'playwright-core';
 
+// Playwright's own half of a page knows what its interface does not tell.
+const inside = (page) => page._connection.toImpl(page).delegate;
+
 /**
- * The one page behind the port: { browser, page }. It stays as it is: Playwright would have every
- * page believe that it is focused, which also keeps it from ever being hidden.
+ * The view's page, by its port and target: { browser, page }. The browser may have others for a
+ * moment while it starts. The page stays as it is: Playwright would have every page believe that it
+ * is focused, which also keeps it from ever being hidden.
  */
-export async function attachTo(port) {
+export async function attachTo({ port, target }) {
     const browser = await chromium.connectOverCDP(`http://127.0.0.1:${port}`);
-    const page = browser.contexts()[0].pages()[0];
-    // The state belongs to the connection that asked for it, which only Playwright's own half has.
-    const session = page._connection.toImpl(page).delegate._mainFrameSession._client;
-    await session.send('Emulation.setFocusEmulationEnabled', { enabled: false });
+    const context = browser.contexts()[0];
+    const isTheView = (page) => inside(page)._targetId === target;
+    const page = context.pages().find(isTheView) ?? await context.waitForEvent('page', isTheView);
+    // The state belongs to the connection that asked for it.
+    await inside(page)._mainFrameSession._client.send('Emulation.setFocusEmulationEnabled', { enabled: false });
     return { browser, page };
 }

@@ -82,7 +82,7 @@ export class Ravelin {
     /** The page of the view that fits. */
     async attach(fits) {
         const view = await until(() => this.views().find(fits), 'the debugging port');
-        const { browser, page } = await attachTo(view.port);
+        const { browser, page } = await attachTo(view);
         this.browsers.push(browser);
         page.setDefaultTimeout(20_000);
         return page;
@@ -91,8 +91,8 @@ export class Ravelin {
     /** The views of all windows so far. */
     views() {
         return readdirSync(this.ports).filter((file) => file.endsWith('.port')).map((name) => {
-            const [port, , process, commandLine = ''] = (textOf(path.join(this.ports, name)) ?? '').split('\n');
-            return { port, process, commandLine };
+            const [port, target, process, commandLine = ''] = (textOf(path.join(this.ports, name)) ?? '').split('\n');
+            return { port, target, process, commandLine };
         });
     }
 

@@ -18,7 +18,7 @@ export function pageText(name) {
 
 /** Attaches a test program to a view that was published. */
 export async function attach(view) {
-    return await attachTo(view.port);
+    return await attachTo(view);
 }
 
 export class BrowserHost {
