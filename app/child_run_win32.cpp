@@ -87,7 +87,12 @@ class ChildPanel {
             .savedStatus = [this] { return mainWindowIsThere() ? status_.read() : std::string(); },
             .savedSettings = [this] { return settings_.read(); },
             .environment = [this] { return environmentOf(static_cast<HWND>(view_.window())); },
-            .pagePainted = [this] { opening_.reveal(); },
+            .pagePainted =
+                [this] {
+                    // The window got its focus before anybody listened.
+                    host_.takeFocusFrom(static_cast<HWND>(view_.window()));
+                    opening_.reveal();
+                },
         };
     }
 

@@ -80,7 +80,12 @@ MainWindowServices services(WebView& view, const std::shared_ptr<OpenedWindow>& 
                      .start = startChildPanel});
             },
         .environment = [&view] { return environmentOf(static_cast<HWND>(view.window())); },
-        .pagePainted = [window] { window->opening.reveal(); },
+        .pagePainted =
+            [&view, window] {
+                // The window got its focus before anybody listened.
+                window->host.takeFocusFrom(static_cast<HWND>(view.window()));
+                window->opening.reveal();
+            },
     };
 }
 

@@ -30,6 +30,11 @@ void ViewHost::follow(const WindowMessage& message) {
     }
 }
 
+void ViewHost::takeFocusFrom(HWND window) {
+    if (controller_ != nullptr && window != nullptr && GetFocus() == window)
+        engineOf(controller_).moveFocus(focusByProgram);
+}
+
 void ViewHost::updateVisibility() {
     const bool visible = !minimised_ || (staysVisible_ && staysVisible_());
     if (controller_ == nullptr || visible == visible_) return;

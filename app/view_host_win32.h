@@ -21,6 +21,8 @@ class ViewHost {
     // Takes a message of the window: hands the keyboard focus on to the page, tells the page where
     // its window is, and when it cannot be seen.
     void follow(const WindowMessage& message);
+    // Hands the keyboard focus on when the window has it already.
+    void takeFocusFrom(HWND window);
     // Asks `staysVisible` again.
     void updateVisibility();
 

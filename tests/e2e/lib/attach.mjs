@@ -10,11 +10,21 @@ const inside = (page) => page._connection.toImpl(page).delegate;
  * is focused, which also keeps it from ever being hidden.
  */
 export async function attachTo({ port, target }) {
-    const browser = await chromium.connectOverCDP(`http://127.0.0.1:${port}`);
-    const context = browser.contexts()[0];
-    const isTheView = (page) => inside(page)._targetId === target;
-    const page = context.pages().find(isTheView) ?? await context.waitForEvent('page', isTheView);
-    // The state belongs to the connection that asked for it.
-    await inside(page)._mainFrameSession._client.send('Emulation.setFocusEmulationEnabled', { enabled: false });
-    return { browser, page };
+    for (;;) {
+        const browser = await chromium.connectOverCDP(`http://127.0.0.1:${port}`);
+        const context = browser.contexts()[0];
+        const isTheView = (page) => inside(page)._targetId === target;
+        const page = context.pages().find(isTheView) ?? await context.waitForEvent('page', isTheView);
+        // The state belongs to the connection that asked for it.
+        const session = inside(page)._mainFrameSession._client;
+        try {
+            await session.send('Emulation.setFocusEmulationEnabled', { enabled: false });
+            return { browser, page };
+        } catch (error) {
+            // Between two processes of its own the page has none, and the engine tells whoever comes
+            // just then that it has crashed. Playwright would believe so for ever.
+            if (error.type !== 'crashed') throw error;
+            await browser.close();
+        }
+    }
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/browser_interfaces_win32.h"
+#include "tests/windows/harness/test_window.h"
 
 namespace ravelin {
 namespace {
@@ -72,6 +73,16 @@ class ViewOfWindow : public ::testing::Test {
 
 TEST_F(ViewOfWindow, GetsTheKeyboardFocusWithTheWindow) {
     host.follow({WM_SETFOCUS, 0, 0});
+    EXPECT_EQ(controller.calls, Calls{"focus 0"});
+}
+
+TEST_F(ViewOfWindow, GetsTheFocusThatItsWindowHasAlready) {
+    test::TestWindow window(L"Focused");
+    window.call([&] { host.takeFocusFrom(window.handle()); });
+    EXPECT_EQ(controller.calls, Calls{"focus 0"});
+    // This thread has no focus to give away.
+    host.takeFocusFrom(window.handle());
+    host.takeFocusFrom(nullptr);
     EXPECT_EQ(controller.calls, Calls{"focus 0"});
 }
 
