@@ -1,6 +1,10 @@
 import type { Attachment } from "svelte/attachments";
 import type { App } from "../state/app.svelte";
 
+// What a panel's window of 450 pixels has inside its border where Windows shows everything at 100 %.
+// With a larger scale or text its page would be narrower than anybody can use.
+const narrowestPanel = 448;
+
 let requested = "";
 
 // Asks the program to make the window as large as its content. The program counts in units that are
@@ -26,11 +30,12 @@ export function keepFitting(app: App): Attachment<HTMLElement> {
   };
 }
 
-// The size at which the window shows all of its content: the present width, and the height of the
-// one shown panel in a window of its own, else of the whole page.
+// The size at which the window shows all of its content: the present width, which a panel's window
+// may have to widen, and the height of the one shown panel in a window of its own, else of the whole
+// page.
 function contentSize(document: Document, isChild: boolean): { width: number; height: number } {
   // With the scroll bar, which the window has as well.
-  const width = window.innerWidth;
+  const width = isChild ? Math.max(window.innerWidth, narrowestPanel) : window.innerWidth;
   const panel = isChild ? shownPanel(document) : null;
   const height = panel ? panel.getBoundingClientRect().height : document.body.scrollHeight;
   return { width: Math.max(1, Math.ceil(width)), height: Math.max(1, Math.ceil(height)) };

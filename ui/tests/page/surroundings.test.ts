@@ -72,3 +72,8 @@ test("a file or link that is dropped on the page is not opened", async () => {
   );
   expect(refused).toEqual([true, true]);
 });
+
+test("a panel whose window is too narrow for it at its scale asks for the width of 100 %", async () => {
+  const view = await openPanel({ width: 300, pixelRatio: 1.5, environment: { scale: 1.5 } });
+  await expect.poll(async () => (await view.calls("resizeWindow")).at(-1)?.[0]).toBe(448);
+});
