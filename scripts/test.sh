@@ -43,7 +43,7 @@ foreign_name_tests() { tests/wine/foreign_names.sh tests/e2e/{restart,macro,pane
 
 # What depends on places and sizes, once more where a pixel of the page is not one of the screen.
 scaled_end_to_end_tests() {
-    tests/wine/scaled_desktop.sh 150 tests/e2e/{window_place,opening}_test.mjs
+    tests/wine/scaled_desktop.sh 150 tests/e2e/{window_place,opening,resize}_test.mjs
 }
 
 rm -rf "$BUILD/screenshots/failures"

@@ -31,11 +31,18 @@ export async function panelPage(ravelin, panel) {
     const page = await ravelin.panelPage(panel.window);
     const inside = page.locator(`#${panel.id}`);
     await inside.waitFor();
-    await until(async () => {
-        const state = await windowState(panel.window);
-        const box = await physicalBox(page, inside);
-        return state && !state.frame && Math.abs(state.height - box.height) <= 4;
-    }, `"${panel.window}" to fit its panel`);
+    let seen;
+    try {
+        await until(async () => {
+            const state = await windowState(panel.window);
+            const box = await physicalBox(page, inside);
+            seen = JSON.stringify([state, box]);
+            return state && !state.frame && Math.abs(state.height - box.height) <= 4;
+        }, `"${panel.window}" to fit its panel`);
+    } catch (error) {
+        error.message += `\nwindow and panel are ${seen}`;
+        throw error;
+    }
     return page;
 }
 

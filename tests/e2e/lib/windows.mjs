@@ -19,13 +19,14 @@ export async function windowState(title) {
 }
 
 export async function untilWindow(title, holds = () => true, what = `the window "${title}"`, milliseconds = undefined) {
+    let state;
     try {
         return await until(async () => {
-            const state = await windowState(title);
+            state = await windowState(title);
             return state && holds(state) && state;
         }, what, milliseconds);
     } catch (error) {
-        error.message += `\nthere are the windows ${(await windowTool('list'))?.split('\n').join(', ') || 'none'}`;
+        error.message += `\nit is ${JSON.stringify(state)}, and there are the windows ${(await windowTool('list'))?.split('\n').join(', ') || 'none'}`;
         throw error;
     }
 }

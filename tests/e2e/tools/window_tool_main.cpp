@@ -104,6 +104,12 @@ GUITHREADINFO threadInfo(HWND window) {
     return info;
 }
 
+// Wine divides by the scale what a program that knows of it sets for a window of another one, and
+// only that: what is asked comes in pixels of the screen.
+void countInPixels() {
+    SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE);
+}
+
 void printState(HWND window) {
     RECT r;
     GetWindowRect(window, &r);
@@ -202,9 +208,11 @@ int act(std::wstring_view command, HWND window, int count, wchar_t** arguments) 
     } else if (command == L"crash") {
         crash(window);
     } else if (command == L"place" && count > 4) {
+        countInPixels();
         SetWindowPos(window, nullptr, number(arguments[3]), number(arguments[4]), 0, 0,
                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     } else if (command == L"move" && count > 6) {
+        countInPixels();
         MoveWindow(window, number(arguments[3]), number(arguments[4]), number(arguments[5]),
                    number(arguments[6]), TRUE);
         SendMessageW(window, WM_EXITSIZEMOVE, 0, 0);
