@@ -149,7 +149,7 @@ test('folder and file are kept from everybody but administrators and the system'
 
 test('behind a redirect to a foreign host the digest decides', async () => {
     const elsewhere = `https://${unrelatedHost}/mirror.exe`;
-    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    await server.use(makeCertificate(authority, [webHost, unrelatedHost]));
     try {
         server.on(elsewhere, body(installer));
         assert.deepEqual(await takeInstaller(await downloadFrom(redirect(elsewhere))), installer);
@@ -157,7 +157,7 @@ test('behind a redirect to a foreign host the digest decides', async () => {
         server.on(elsewhere, body(randomBytes(installer.length)));
         assertFailed(await downloadFrom(redirect(elsewhere)), messages.match);
     } finally {
-        server.use(certificate);
+        await server.use(certificate);
     }
 });
 
@@ -243,12 +243,12 @@ test('stopped at a later report', async () => {
 // Servers that are not who they say.
 function distrusted(name, certificateOf) {
     test(name, async () => {
-        server.use(certificateOf());
+        await server.use(certificateOf());
         try {
             assertFailed(await downloadFrom(body(installer)), messages.download);
             assert.deepEqual(server.requests, [], 'nothing is asked of a server that is not trusted');
         } finally {
-            server.use(certificate);
+            await server.use(certificate);
         }
     });
 }

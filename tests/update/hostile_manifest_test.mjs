@@ -158,7 +158,7 @@ test('no update: a redirect to plain http', async () => {
 
 test('behind a redirect to a foreign host the signature decides', async () => {
     const elsewhere = `https://${unrelatedHost}/moved.json`;
-    server.use(makeCertificate(authority, [webHost, unrelatedHost]));
+    await server.use(makeCertificate(authority, [webHost, unrelatedHost]));
     try {
         server.on(elsewhere, body(JSON.stringify(good)));
         assert.deepEqual(await checkWith(redirect(elsewhere)), { available: true, ownVersion: version, ...good });
@@ -166,7 +166,7 @@ test('behind a redirect to a foreign host the signature decides', async () => {
         server.on(elsewhere, body(JSON.stringify(signedManifest({}, makePrivateKey()))));
         assert.deepEqual(await checkWith(redirect(elsewhere)), nothing);
     } finally {
-        server.use(certificate);
+        await server.use(certificate);
     }
 });
 
@@ -178,12 +178,12 @@ test('a foreign host without a certificate of its own is not asked behind a redi
 
 function distrusted(name, certificateOf) {
     test(`no update: ${name}`, async () => {
-        server.use(certificateOf());
+        await server.use(certificateOf());
         try {
             assert.deepEqual(await checkWith(good), nothing);
             assert.deepEqual(server.requests, [], 'nothing is asked of a server that is not trusted');
         } finally {
-            server.use(certificate);
+            await server.use(certificate);
         }
     });
 }
@@ -213,11 +213,11 @@ async function checkFrom(source) {
 
 test('another source: an address', async () => {
     server.on(`https://${unrelatedHost}/staging.json`, body(JSON.stringify(good)));
-    server.use(makeCertificate(authority, [unrelatedHost]));
+    await server.use(makeCertificate(authority, [unrelatedHost]));
     try {
         assert.equal((await checkFrom(`https://${unrelatedHost}/staging.json`)).available, true);
     } finally {
-        server.use(certificate);
+        await server.use(certificate);
     }
 });
 

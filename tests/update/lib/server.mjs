@@ -53,17 +53,20 @@ export class Server {
     }
 
     /** Shows this certificate from here on; connections that another one opened are broken. */
-    use(certificate) {
+    async use(certificate) {
         this.https.setSecureContext(certificate);
-        this.dropConnections();
+        await this.dropConnections();
     }
 
-    dropConnections() {
+    /** Waits until they are closed: a client may still take one that is just closing for its next request. */
+    async dropConnections() {
+        const closed = [...this.sockets].map((socket) => new Promise((resolve) => socket.once('close', resolve)));
         for (const socket of this.sockets) socket.destroy();
+        await Promise.all(closed);
     }
 
     async close() {
-        this.dropConnections();
+        await this.dropConnections();
         await new Promise((resolve) => this.https.close(resolve));
         this.http.closeAllConnections();
         await new Promise((resolve) => this.http.close(resolve));
