@@ -1,5 +1,6 @@
 // Keyboards of other countries: keys have the names and places that the system gives them, and
-// hotkeys by real keys work.
+// hotkeys by real keys work. Run by hand: Wine sometimes tells two programs different names for a key
+// right after the layout was changed.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import test, { after, afterEach } from 'node:test';
