@@ -3,7 +3,7 @@ import { mkdirSync, readFileSync, readdirSync, rmSync, writeFileSync } from 'nod
 import path from 'node:path';
 import { attachTo } from './attach.mjs';
 import { clearDataFolder, dataFolder, runToEnd, scratch, start, textOf, toolFolder, until, within } from './wine.mjs';
-import { windowTool } from './windows.mjs';
+import { untilWindow, windowTool } from './windows.mjs';
 
 export const { windowTitle } = JSON.parse(readFileSync(path.join(toolFolder, 'generated/product.json'), 'utf8'));
 
@@ -76,6 +76,8 @@ export class Ravelin {
     /** The page of the panel's window of that title. */
     async panelPage(title) {
         const process = await until(() => windowTool('process', title), `the window "${title}"`);
+        // Whoever attaches to a page that is being made may wait for it for ever.
+        await untilWindow(title, ({ cloaked }) => !cloaked, `the window "${title}" to be seen`);
         return await this.attach((view) => view.process === process);
     }
 
