@@ -36,7 +36,7 @@ WindowOpening::WindowOpening(HWND window, Activation activation) : window_(windo
             reinterpret_cast<WINDOWPOS*>(message.lParam)->flags |= SWP_NOACTIVATE;
         return false;
     });
-    hook_ = SetWindowsHookExW(WH_CBT, refuseActivation, nullptr, GetCurrentThreadId());
+    hook_.reset(SetWindowsHookExW(WH_CBT, refuseActivation, nullptr, GetCurrentThreadId()));
 }
 
 WindowOpening::~WindowOpening() {
@@ -49,20 +49,18 @@ void WindowOpening::allowActivation() {
     if (refusedWindow == nullptr || refusedWindow != window_) return;
     refusedWindow = nullptr;
     unsubclassWindow(window_);
-    if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
-    hook_ = nullptr;
+    hook_.reset();
 }
 
 void WindowOpening::reveal() {
-    if (timer_ != 0) KillTimer(nullptr, timer_);
-    timer_ = 0;
+    timer_.reset();
     if (!cloaked_) return;
     cloaked_ = false;
     setCloaked(window_, false);
 }
 
 void WindowOpening::revealSoon() {
-    if (cloaked_ && timer_ == 0) timer_ = SetTimer(nullptr, 0, longestPaintingMs, revealNow);
+    if (cloaked_ && !timer_) timer_.reset(SetTimer(nullptr, 0, longestPaintingMs, revealNow));
 }
 
 }  // namespace ravelin

@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include "support/win32_handles.h"
+
 namespace ravelin {
 
 // One at a time in a process, on the window's thread.
@@ -32,8 +34,8 @@ class WindowOpening {
   private:
     HWND window_;
     bool cloaked_ = false;
-    HHOOK hook_ = nullptr;
-    UINT_PTR timer_ = 0;
+    HookHandle hook_;
+    ThreadTimer timer_;
 };
 
 }  // namespace ravelin
